@@ -55,7 +55,7 @@ class TCustomJXAction : public TQSXMLObject {
   virtual std::string GetActionLogTitle() const { return log_title_; }     // 14
   virtual void SetActionLogTitle(const std::string& title) { log_title_ = title; }  // 15
   virtual std::string GetDescription() const;                     // 16: built from the description keys
-  virtual void SetDescription(const std::string& text) { description_ = text; }  // 17
+  virtual void SetDescription(const std::string& text) { (void)text; }  // 17: the line is derived
   virtual bool GetCanHaveScripts() const { return true; }        // 19
   virtual bool GetIsSwitchActionList() const { return false; }   // 20-31: host flow-control flags
   virtual bool GetIsStopAction() const { return false; }
@@ -145,7 +145,6 @@ class TCustomJXAction : public TQSXMLObject {
   IJXActionHost* host_ = nullptr;
   std::string type_id_;
   std::string log_title_;
-  std::string description_;
   std::string display_name_;
   TJXActionStatus status_ = TJXActionStatus::asNone;
   std::map<std::string, std::unique_ptr<IJXActionScript>> scripts_;

@@ -1,6 +1,7 @@
 // TJXExecuteAbstractAction: base of actions that build a command line and run
-// an external program through the host. The run logic arrives with the
-// copy-tool actions; the operations are declared here in slot order.
+// an external program through the host. The operations are declared here in
+// slot order; the base's Execute, which starts the process through the host,
+// arrives with the first action that runs a program.
 #pragma once
 
 #include <string>
@@ -11,10 +12,6 @@ namespace jx {
 
 class TJXExecuteAbstractAction : public TCustomJXAction {
  public:
-  bool Execute() override;
-  void TerminateAction() override;
-  bool CanTerminate() const override { return true; }
-
   virtual void GetCommandLine(ICommandLineBuilder& builder) { (void)builder; }
   virtual std::string GetExecutable() { return ""; }
   virtual std::string GetStartingDir(const std::string& current) { return current; }

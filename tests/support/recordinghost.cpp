@@ -1,0 +1,117 @@
+#include "support/recordinghost.h"
+
+#include "rtl/strutils.h"
+#include "rtl/sysutils.h"
+
+namespace jx::test {
+
+namespace {
+
+class LogBlock : public IJXActionLogMessage {
+ public:
+  TStrings& GetLines() override { return lines_; }
+  void SetMessageText(const std::string& text) override { headline_ = text; }
+  std::string GetMessageText() const override { return headline_; }
+
+ private:
+  TStringList lines_;
+  std::string headline_;
+};
+
+}  // namespace
+
+// %NAME% from Variables, %% gives %; a lone % is literal. Enough for tests.
+std::string RecordingHost::ExpandExpression(const std::string& text, int& count, bool) {
+  std::string out;
+  count = 0;
+  for (size_t i = 0; i < text.size(); ++i) {
+    if (text[i] != '%') {
+      out += text[i];
+      continue;
+    }
+    size_t close = text.find('%', i + 1);
+    if (close == std::string::npos) {
+      out += text.substr(i);
+      break;
+    }
+    std::string name = text.substr(i + 1, close - i - 1);
+    if (name.empty()) {
+      out += '%';
+    } else {
+      auto it = Variables.find(name);
+      if (it == Variables.end()) throw Exception("Variable \"" + name + "\" is not defined");
+      out += it->second.ToString();
+      ++count;
+    }
+    i = close;
+  }
+  return out;
+}
+
+std::string RecordingHost::ExpandExpression(const std::string& text, bool flag) {
+  int count = 0;
+  return ExpandExpression(text, count, flag);
+}
+
+bool RecordingHost::TryExpandExpression(TCustomJXAction& action, const std::string& caption,
+                                        const std::string& text, std::string& result, bool flag) {
+  try {
+    result = ExpandExpression(text, flag);
+    return true;
+  } catch (const Exception& e) {
+    SendMessage(action, "Unable to expand " + caption + " : " + e.Message());
+    return false;
+  }
+}
+
+Variant RecordingHost::GetVariableValue(const std::string& name) {
+  auto it = Variables.find(name);
+  return it == Variables.end() ? Variant() : it->second;
+}
+
+void RecordingHost::SendMessage(TCustomJXAction&, const std::string& text) { Lines.push_back(text); }
+
+IJXActionLogMessagePtr RecordingHost::CreateStatusMessage() { return std::make_shared<LogBlock>(); }
+
+void RecordingHost::SendStatusMessage(TCustomJXAction&, const IJXActionLogMessagePtr& message) {
+  std::vector<std::string> block;
+  if (!message->GetMessageText().empty()) block.push_back(message->GetMessageText());
+  for (const std::string& line : message->GetLines().Lines()) block.push_back(line);
+  Lines.insert(Lines.end(), block.begin(), block.end());
+  Blocks.push_back(std::move(block));
+}
+
+void RecordingHost::Synchronize(const std::function<void()>& method) {
+  ++SynchronizeCalls;
+  method();
+}
+
+void RecordingHost::UpdateKeyValue(TCustomJXAction& action, int index, const std::string& old_value,
+                                   const std::string& new_value) {
+  KeyUpdates.push_back({index, old_value, new_value});
+  action.SetDescriptionKeyValue(index, new_value);
+}
+
+bool RecordingHost::ExecuteScript(TCustomJXAction&, const std::string& name, Variant&) {
+  ScriptsRun.push_back(name);
+  return ScriptResult;
+}
+
+// A reversible stand-in for the host's encryption: hex of the bytes.
+bool RecordingHost::EncryptString(const std::string& plain, std::string& encrypted) {
+  encrypted.clear();
+  for (unsigned char c : plain) encrypted += IntToHex(c, 2);
+  return true;
+}
+
+bool RecordingHost::DecryptString(const std::string& encrypted, std::string& plain) {
+  plain.clear();
+  for (size_t i = 0; i + 1 < encrypted.size(); i += 2) {
+    int32_t byte = 0;
+    if (!TryStrToInt("$" + encrypted.substr(i, 2), byte)) return false;
+    plain += static_cast<char>(byte);
+  }
+  return true;
+}
+
+}  // namespace jx::test
