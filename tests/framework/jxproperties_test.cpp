@@ -1,0 +1,119 @@
+#include "framework/jxproperties.h"
+
+#include <gtest/gtest.h>
+
+#include "actions/files/bactions2.h"
+#include "framework/jxwhileaction.h"
+#include "rtl/sysutils.h"
+#include "support/recordinghost.h"
+
+namespace jx {
+namespace {
+
+enum TColour { clRed, clGreen, clBlue };
+const TEnumTypeInfo kColourInfo{"TColour", {"clRed", "clGreen", "clBlue"}, {"Red", "Green", "Blue"}};
+
+TEST(EnumTypeInfo, ReadsNamesAndCaptionsInAnyCase) {
+  EXPECT_EQ(1, kColourInfo.OrdinalOf("clGreen"));
+  EXPECT_EQ(1, kColourInfo.OrdinalOf("CLGREEN"));
+  EXPECT_EQ(2, kColourInfo.OrdinalOf("blue"));
+  EXPECT_EQ(-1, kColourInfo.OrdinalOf("clPink"));
+  EXPECT_EQ("clBlue", kColourInfo.NameOf(2));
+}
+
+TEST(EnumSets, TextRoundTripAndErrors) {
+  const uint32_t set = SetOf({clRed, clBlue});
+  EXPECT_EQ("[clRed,clBlue]", SetToText(set, kColourInfo));
+  EXPECT_EQ("[]", SetToText(0, kColourInfo));
+  EXPECT_EQ(set, ParseSet(" [ clBlue , clRed ] ", kColourInfo));
+  EXPECT_EQ(0u, ParseSet("[]", kColourInfo));
+  EXPECT_TRUE(InSet(set, clBlue));
+  EXPECT_FALSE(InSet(set, clGreen));
+  EXPECT_THROW(ParseSet("clRed", kColourInfo), EConvertError);
+  EXPECT_THROW(ParseSet("[clPink]", kColourInfo), EConvertError);
+}
+
+TEST(PropertyTable, DeleteFilesPublishesItsFourProperties) {
+  const TJXClassInfo& info = TDeleteFilesAction::ClassInfo();
+  ASSERT_EQ(4u, info.Properties.size());
+  EXPECT_EQ("FileSpec", info.Properties[0].Name);
+  EXPECT_EQ(TPropertyKind::pkString, info.Properties[0].Kind);
+  EXPECT_EQ(TPropertyKind::pkWordBool, info.Properties[3].Kind);
+  EXPECT_EQ(&info.Properties[3], info.FindProperty("failifnofile"));
+  EXPECT_EQ(nullptr, info.FindProperty("Target"));
+
+  auto action = info.CreateAction();
+  ASSERT_NE(nullptr, action);
+  EXPECT_EQ("True", info.FindProperty("FailIfNoFile")->GetText(*action));
+  EXPECT_EQ("False", info.FindProperty("DeleteHidden")->GetText(*action));
+}
+
+TEST(PropertyTable, SettersConvertTextAndRejectBadValues) {
+  test::Hosted<TDeleteFilesAction> h;
+  const TJXClassInfo& info = TDeleteFilesAction::ClassInfo();
+  info.FindProperty("DeleteHidden")->SetText(h.Action, "true");
+  EXPECT_TRUE(h.Action.DeleteHidden());
+  info.FindProperty("DeleteHidden")->SetText(h.Action, "0");
+  EXPECT_FALSE(h.Action.DeleteHidden());
+  try {
+    info.FindProperty("FailIfNoFile")->SetText(h.Action, "maybe");
+    FAIL() << "no error";
+  } catch (const EConvertError& e) {
+    EXPECT_EQ("'maybe' is not a valid boolean value", e.Message());
+  }
+  // A description-key property set by name still goes through the host.
+  info.FindProperty("FileSpec")->SetText(h.Action, "out/*.o");
+  ASSERT_EQ(1u, h.Host.KeyUpdates.size());
+  EXPECT_EQ("out/*.o", h.Action.FileSpec());
+}
+
+TEST(Description, NameAndFirstKey) {
+  TDeleteFilesAction a;
+  EXPECT_EQ("Delete File(s)", a.GetDescription());
+  a.SetFileSpec("out/*.o");
+  EXPECT_EQ("Delete File(s) (out/*.o)", a.GetDescription());
+  a.SetDisplayName("Remove objects");
+  EXPECT_EQ("Remove objects (out/*.o)", a.GetDescription());
+}
+
+class FormattedAction : public TJXAction {
+ public:
+  const TJXClassInfo& GetClassInfo() const override { return TDeleteFilesAction::ClassInfo(); }
+  std::string GetActionName() const override { return "Set Variable"; }
+  std::string GetDescriptionFormatString() const override { return InternalGetActionName() + " %s to %s[ %s ]"; }
+  std::string GetDescriptionKeyValue(int index) const override { return std::string(1, char('A' + index)); }
+};
+
+TEST(Description, FormatStringTakesKeysInIndexOrder) {
+  FormattedAction a;
+  EXPECT_EQ("Set Variable A to B[ C ]", a.GetDescription());
+}
+
+TEST(WhileAction, CountsPassesAndStopsOnSignal) {
+  struct Loop : TWhileAction {
+    const TJXClassInfo& GetClassInfo() const override { return TDeleteFilesAction::ClassInfo(); }
+  };
+  test::Hosted<Loop> h;
+  EXPECT_TRUE(h.Action.Execute());
+  EXPECT_TRUE(h.Action.Execute());
+  EXPECT_EQ("Pass 2", h.Action.GetStatusText());
+  h.Host.Stop = true;
+  EXPECT_FALSE(h.Action.Execute());
+  h.Action.ResetBuildStatus();
+  EXPECT_EQ(0, h.Action.PassCount());
+}
+
+TEST(Scripts, DeclaredOnceAndRunThroughTheHost) {
+  test::Hosted<TDeleteFilesAction> h;
+  IJXActionScript& script = h.Action.AddScript("OnFindText");
+  script.SetScriptText("x = 1");
+  EXPECT_EQ(&script, &h.Action.AddScript("OnFindText"));
+  EXPECT_EQ(nullptr, h.Action.GetScriptByName("OnReadLine"));
+  EXPECT_EQ((std::vector<std::string>{"OnFindText"}), h.Action.GetScriptNames());
+  Variant result;
+  EXPECT_TRUE(h.Action.ExecuteScript("OnFindText", result));
+  EXPECT_EQ((std::vector<std::string>{"OnFindText"}), h.Host.ScriptsRun);
+}
+
+}  // namespace
+}  // namespace jx
