@@ -1,0 +1,23 @@
+#!/usr/bin/env bash
+# Delete File(s) of 20,000 files in one directory, whole process, against rm
+# of the same files run the same way. Prints both times and their ratio.
+source "$(dirname "$0")/common.sh"
+COUNT=${COUNT:-20000}
+DIR=$SCRATCH/delete
+
+cat > "$SCRATCH/delete.xml" <<XML
+<?xml version="1.0" encoding="UTF-8"?>
+<Project>
+  <Actions>
+    <Action Class="TDeleteFilesAction">
+      <Property Name="FileSpec">$DIR/*.o</Property>
+    </Action>
+  </Actions>
+</Project>
+XML
+
+hyperfine -N --runs "$RUNS" --export-json "$SCRATCH/delete.json" \
+  --prepare "bash -c 'source $ROOT/bench/common.sh; make_files $DIR $COUNT'" \
+  "$JAXTOR run $SCRATCH/delete.xml --unattended --log $SCRATCH/delete.log" \
+  "bash -c 'rm $DIR/*.o'"
+echo "(rm runs inside bash, which also expands the wildcard; jaxtor searches itself)"
