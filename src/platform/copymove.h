@@ -1,0 +1,19 @@
+// Copying and moving files the way the operating system's copy and move calls
+// do. Each reports failure through its result and the thread's last error.
+#pragma once
+
+#include <string>
+
+namespace jx {
+
+// Copies contents, last-write time and attributes. With `fail_if_exists` an
+// existing destination fails with kErrorAlreadyExists; a read-only
+// destination is refused with kErrorAccessDenied. Uses the kernel's fast
+// copy paths where the file system allows.
+bool CopyFileTo(const std::string& source, const std::string& dest, bool fail_if_exists);
+// Moves (renames) a file or directory within one file system. Fails with
+// kErrorAlreadyExists when `dest` exists and with kErrorNotSameDevice across
+// file systems (nothing is copied).
+bool MoveFileTo(const std::string& source, const std::string& dest);
+
+}  // namespace jx
