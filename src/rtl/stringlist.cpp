@@ -267,6 +267,8 @@ void TStringList::AddLines(std::vector<std::string> lines) {
     return;
   }
   auto less = [this](const std::string& a, const std::string& b) { return CompareStrings(a, b) < 0; };
+  // Add puts a line before its equals; reversed first, equal new lines end up the same way.
+  if (Duplicates == TDuplicates::dupAccept) std::reverse(lines.begin(), lines.end());
   std::stable_sort(lines.begin(), lines.end(), less);
   std::vector<std::string> fresh;
   fresh.reserve(lines.size());
@@ -279,8 +281,9 @@ void TStringList::AddLines(std::vector<std::string> lines) {
   }
   std::vector<std::string> merged;
   merged.reserve(items_.size() + fresh.size());
-  std::merge(std::make_move_iterator(items_.begin()), std::make_move_iterator(items_.end()),
-             std::make_move_iterator(fresh.begin()), std::make_move_iterator(fresh.end()), std::back_inserter(merged),
+  // New lines first: on a tie std::merge takes from the first range.
+  std::merge(std::make_move_iterator(fresh.begin()), std::make_move_iterator(fresh.end()),
+             std::make_move_iterator(items_.begin()), std::make_move_iterator(items_.end()), std::back_inserter(merged),
              less);
   items_ = std::move(merged);
 }

@@ -76,7 +76,7 @@ class TStringList : public TStrings {
   // Sorted lists keep their order on Add; Duplicates applies to them only.
   // Setting Sorted does not reorder the lines already there: call Sort().
   bool Sorted = false;
-  bool CaseSensitive = false;
+  bool CaseSensitive = false;  // also for IndexOf, IndexOfName and Values
   TDuplicates Duplicates = TDuplicates::dupIgnore;
 
   int Add(std::string line) override;

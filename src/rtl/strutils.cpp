@@ -1,8 +1,8 @@
 #include "rtl/strutils.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
-#include <algorithm>
 
 #include "rtl/sysutils.h"
 #include "rtl/unicodecase.h"
@@ -163,20 +163,39 @@ bool EndsText(std::string_view suffix, std::string_view s) {
 std::string AnsiUpperCase(std::string_view s) {
   std::string out;
   out.reserve(s.size());
-  for (size_t pos = 0; pos < s.size();) AppendUtf8(out, UnicodeUpper(DecodeUtf8(s, pos)));
+  for (size_t pos = 0; pos < s.size();) {
+    if (static_cast<unsigned char>(s[pos]) < 0x80) {
+      out += AsciiUpper(s[pos++]);
+    } else {
+      AppendUtf8(out, UnicodeUpper(DecodeUtf8(s, pos)));
+    }
+  }
   return out;
 }
 
 std::string AnsiLowerCase(std::string_view s) {
   std::string out;
   out.reserve(s.size());
-  for (size_t pos = 0; pos < s.size();) AppendUtf8(out, UnicodeLower(DecodeUtf8(s, pos)));
+  for (size_t pos = 0; pos < s.size();) {
+    if (static_cast<unsigned char>(s[pos]) < 0x80) {
+      out += AsciiLower(s[pos++]);
+    } else {
+      AppendUtf8(out, UnicodeLower(DecodeUtf8(s, pos)));
+    }
+  }
   return out;
 }
 
 int AnsiCompareText(std::string_view a, std::string_view b) {
   size_t pa = 0, pb = 0;
   while (pa < a.size() && pb < b.size()) {
+    const auto ba = static_cast<unsigned char>(a[pa]), bb = static_cast<unsigned char>(b[pb]);
+    if (ba < 0x80 && bb < 0x80) {  // the common case, without decoding
+      const auto ua = static_cast<unsigned char>(AsciiUpper(ba)), ub = static_cast<unsigned char>(AsciiUpper(bb));
+      if (ua != ub) return ua < ub ? -1 : 1;
+      ++pa, ++pb;
+      continue;
+    }
     const char32_t ca = UnicodeUpper(DecodeUtf8(a, pa));
     const char32_t cb = UnicodeUpper(DecodeUtf8(b, pb));
     if (ca != cb) return ca < cb ? -1 : 1;

@@ -48,20 +48,11 @@ TEST(Paths, ChangeFileExt) {
 }
 
 TEST(Paths, DrivesAndTrailingDelimiters) {
-  const char* const drives[][2] = {
-      {"/usr/bin", ""},
-      {"C:/x", ""},
-      {"//server/share/dir/file", "//server/share"},
-      {"//server/share", "//server/share"},
-      {"//server/", "//server"},
-      {"//", "//"},
-  };
+  const char* const drives[][2] = {{"/usr/bin", ""}, {"C:/x", ""}, {"//server/share/dir/file", "//server/share"},
+                                   {"//server/share", "//server/share"}, {"//server/", "//server"}, {"//", "//"}};
   for (const auto& row : drives) EXPECT_EQ(row[1], ExtractFileDrive(row[0])) << row[0];
-
-  const char* const trailing[][3] = {
-      // text, with delimiter, without
-      {"", "/", ""}, {"/", "/", ""}, {"a", "a/", "a"}, {"a/", "a/", "a"}, {"a//", "a//", "a/"},
-  };
+  const char* const trailing[][3] = {  // text, with delimiter, without
+      {"", "/", ""}, {"/", "/", ""}, {"a", "a/", "a"}, {"a/", "a/", "a"}, {"a//", "a//", "a/"}};
   for (const auto& row : trailing) {
     EXPECT_EQ(row[1], IncludeTrailingPathDelimiter(row[0])) << row[0];
     EXPECT_EQ(row[2], ExcludeTrailingPathDelimiter(row[0])) << row[0];
