@@ -174,8 +174,12 @@ void TDeleteDirectoryAction::ClearDirectoryAttributes(const std::string& dir) co
 }
 
 bool TDeleteDirectoryAction::DeleteDir(const std::string& dir) const {
-  if (FDeleteTree && !DelTree(IncludeTrailingPathDelimiter(dir) + "*.*")) return false;
-  return RemoveDir(dir);
+  return FDeleteTree ? RemoveTree(dir) : RemoveDir(dir);
+}
+
+// A linked directory goes as a link: what it points to lies outside the tree.
+bool TDeleteDirectoryAction::RemoveTree(const std::string& dir) const {
+  return (IsDirectoryLink(dir) || DelTree(IncludeTrailingPathDelimiter(dir) + "*.*")) && RemoveDir(dir);
 }
 
 // Deletes everything that `mask` finds, depth first, and stops at the first
@@ -189,7 +193,7 @@ bool TDeleteDirectoryAction::DelTree(const std::string& mask) const {
     const std::string path = dir + rec.Name;
     if (rec.Attr & faDirectory) {
       if (rec.Name == "." || rec.Name == "..") continue;
-      result = DelTree(IncludeTrailingPathDelimiter(path) + "*.*") && RemoveDir(path);
+      result = RemoveTree(path);
     } else {
       if (FDeleteReadOnly) FileSetAttr(path, faNormal);
       result = RemoveFile(path);

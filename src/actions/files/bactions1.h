@@ -86,6 +86,7 @@ class TDeleteDirectoryAction : public TFileOrDirectoryAction {
  private:
   void ClearDirectoryAttributes(const std::string& dir) const;
   bool DeleteDir(const std::string& dir) const;
+  bool RemoveTree(const std::string& dir) const;
   bool DelTree(const std::string& mask) const;
 };
 

@@ -1,5 +1,5 @@
-// POSIX backend of directories.h: only the mkdir and rmdir calls and the
-// mapping of their errors to the Win32 conditions the actions expect.
+// POSIX backend of directories.h: only the calls that create, examine and
+// remove directories and links, and the Win32 rules they must follow here.
 #include "platform/directories.h"
 
 #include <sys/stat.h>
@@ -9,6 +9,7 @@
 
 #include "platform/attributes.h"
 #include "platform/lasterror.h"
+#include "rtl/paths.h"
 
 namespace jx {
 
@@ -18,7 +19,21 @@ bool CreateDir(const std::string& path) {
   return false;
 }
 
+bool IsDirectoryLink(const std::string& path) {
+  // A trailing '/' would make lstat look through the link.
+  const std::string link = ExcludeTrailingPathDelimiter(path);
+  struct stat link_stat, target_stat;
+  return ::lstat(link.c_str(), &link_stat) == 0 && S_ISLNK(link_stat.st_mode) &&
+         ::stat(link.c_str(), &target_stat) == 0 && S_ISDIR(target_stat.st_mode);
+}
+
 bool RemoveDir(const std::string& path) {
+  // Win32 removes a directory link itself, never what it points to.
+  if (IsDirectoryLink(path)) {
+    if (::unlink(ExcludeTrailingPathDelimiter(path).c_str()) == 0) return true;
+    SetLastError(errno);
+    return false;
+  }
   // Win32 refuses to remove a read-only directory whoever asks; the kernel
   // would let root (or any owner of the parent) do it.
   const uint32_t attr = FileGetAttr(path);
