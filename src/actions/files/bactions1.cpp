@@ -29,6 +29,13 @@ void TFileOrDirectoryAction::GetPropertyHelp(TStrings& list) const {
 
 namespace {
 
+// A relative path read from the current directory, so that it still names
+// the same directory after the delete moves to the root.
+std::string FromCurrentDir(const std::string& path) {
+  if (!ExtractFileDrive(path).empty() || IsPathDelimiter(path, 0)) return path;
+  return IncludeTrailingPathDelimiter(GetCurrentDir()) + path;
+}
+
 // Both directory actions publish the common base's two properties first.
 template <class C>
 TPublished<C> FileOrDirectoryProperties() {
@@ -150,10 +157,11 @@ bool TDeleteDirectoryAction::Execute() {
   try {
     dir = ExpandExpression(FFileOrDirectory, true);
     if (!DirectoryExists(dir)) return true;
+    const std::string target = FromCurrentDir(dir);
     // The process must not stand inside the tree it removes.
-    SetCurrentDir(ExtractFileDrive(dir) + PathDelim);
-    ClearDirectoryAttributes(dir);
-    if (!DeleteDir(dir)) RaiseLastOSError();
+    SetCurrentDir(ExtractFileDrive(target) + PathDelim);
+    ClearDirectoryAttributes(target);
+    if (!DeleteDir(target)) RaiseLastOSError();
     return true;
   } catch (const std::exception& e) {
     IJXActionLogMessagePtr block = CreateStatusMessage();
