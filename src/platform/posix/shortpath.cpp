@@ -1,5 +1,8 @@
-// POSIX backend of shortpath.h: POSIX file systems keep no 8.3 names, so an
-// existing path is its own short name.
+// POSIX backend: only calls of the POSIX systems we build for (Linux with
+// glibc) live here; portable logic belongs above, in src/platform.
+//
+// POSIX file systems keep no 8.3 names: an existing path is its own short name.
+
 #include "platform/shortpath.h"
 
 #include "platform/fileops.h"
