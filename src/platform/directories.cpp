@@ -6,19 +6,18 @@
 
 namespace jx {
 
-// Creates the missing parents first, nearest the root first, each through the
-// backend's CreateDir; stops at the first level that cannot be created.
+// Creates the parents first; a directory that appears meanwhile (another
+// process creating the same tree) counts as created.
 bool ForceDirectories(const std::string& path) {
-  if (DirectoryExists(path)) return true;
-  const std::string dir = ExcludeTrailingPathDelimiter(path);
-  if (dir.empty()) {
-    SetLastError(kErrorPathNotFound);
+  if (path.empty()) {
+    SetLastError(kErrorInvalidName);
     return false;
   }
+  if (DirectoryExists(path)) return true;
+  const std::string dir = ExcludeTrailingPathDelimiter(path);
   const std::string parent = ExtractFileDir(dir);
   if (!parent.empty() && parent != dir && !ForceDirectories(parent)) return false;
-  // Another process may create the same directory in between; that is success too.
-  return CreateDir(dir) || DirectoryExists(dir);
+  return CreateDir(dir) || (GetLastError() == kErrorAlreadyExists && DirectoryExists(dir));
 }
 
 }  // namespace jx

@@ -21,17 +21,18 @@ bool IsDirectoryLink(const std::string& path) {
          S_ISDIR(st.st_mode);
 }
 
-// Win32 removes a directory link itself, and refuses a read-only directory
-// whoever asks, where the kernel would let root remove it.
+// Win32 removes a directory link itself, and refuses a read-only directory;
+// the kernel only asks about the parent, so the check is made here.
 bool RemoveDir(const std::string& path) {
   if (IsDirectoryLink(path)) {
     return unlink(ExcludeTrailingPathDelimiter(path).c_str()) == 0 || posix::FailWithErrno();
   }
   struct stat st;
-  if (stat(path.c_str(), &st) == 0 && S_ISDIR(st.st_mode) && !(st.st_mode & S_IWUSR)) return posix::FailWith(EACCES);
+  if (stat(path.c_str(), &st) != 0) return posix::FailWithErrno();
+  if (!S_ISDIR(st.st_mode)) return posix::FailWith(ENOTDIR);
+  if (!(st.st_mode & S_IWUSR)) return posix::FailWith(EACCES);
   if (rmdir(path.c_str()) == 0) return true;
-  // Some systems report a directory that is not empty as EEXIST.
-  return posix::FailWith(errno == EEXIST ? ENOTEMPTY : errno);
+  return posix::FailWith(errno == EEXIST ? ENOTEMPTY : errno);  // both mean "not empty" to rmdir
 }
 
 }  // namespace jx
