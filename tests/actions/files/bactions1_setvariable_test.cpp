@@ -132,7 +132,6 @@ TEST_F(SetVariableTest, DescriptionKeysAndModifierByName) {
   EXPECT_EQ("Set Variable OUT to Trim[ x ]", h.Action.GetDescription());
   ASSERT_EQ(3u, h.Host.KeyUpdates.size());
   EXPECT_EQ(1, h.Host.KeyUpdates[1].Index);
-  EXPECT_EQ("", h.Host.KeyUpdates[1].OldValue);
   EXPECT_EQ("Trim", h.Host.KeyUpdates[1].NewValue);
 
   h.Action.SetDescriptionKeyValue(1, "UpperCase");
