@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "actions/files/bactions1.h"
 #include "actions/files/bactions2.h"
 #include "framework/jxeditors.h"
 #include "framework/jxpages.h"
@@ -20,6 +21,10 @@ constexpr const char* kFilesAndDirectories = "Files & Directories";
 // Rows 1-22 of the palette; each action type joins at its place as it is built.
 const std::vector<TCatalogueRow>& RowsBeforeRegistry() {
   static const std::vector<TCatalogueRow> rows = {
+      {&TFileExistsAction::ClassInfo, "Check if File Exists", kFilesAndDirectories, "HCHECKFILE", {"TCheckFileFrame"}, {}},
+      {&TCreateDirectoryAction::ClassInfo, "Create Directory", kFilesAndDirectories, "HCREATE_DIR", {"TCreateDirectoryFrame"}, {}},
+      {&TDeleteDirectoryAction::ClassInfo, "Delete Directory", kFilesAndDirectories, "HDELETE_DIR", {"TDeleteDirFrame"}, {}},
+      {&TSetVariableAction::ClassInfo, "Set Variable", "Misc", "HSETVARIABLE", {"TSetVariableFrame"}, {}},
       {&TDeleteFilesAction::ClassInfo, "Delete File(s)", kFilesAndDirectories, "HDELETE_FILE", {"TDeleteFilesFrame"}, {}},
   };
   return rows;
@@ -47,6 +52,9 @@ struct TEditorRow {
 // Property editors of the design environment, in registration order.
 const std::vector<TEditorRow>& EditorRows() {
   static const std::vector<TEditorRow> rows = {
+      {&TFileExistsAction::ClassInfo, "FileOrDirectory", {TPropertyKind::pkWideString, nullptr}, &TFileNameEdit},
+      {&TCreateDirectoryAction::ClassInfo, "FileOrDirectory", {TPropertyKind::pkWideString, nullptr}, &TSelectDirectoryEditor},
+      {&TDeleteDirectoryAction::ClassInfo, "FileOrDirectory", {TPropertyKind::pkWideString, nullptr}, &TSelectDirectoryEditor},
       {&TDeleteFilesAction::ClassInfo, "FileSpec", {TPropertyKind::pkWideString, nullptr}, &TFileNameEditEx},
       // The action has no Target; the registration is harmless and kept.
       {&TDeleteFilesAction::ClassInfo, "Target", {TPropertyKind::pkWideString, nullptr}, &TFileNameEditEx},
@@ -57,7 +65,11 @@ const std::vector<TEditorRow>& EditorRows() {
 // The order in which the design environment gets each action's pages.
 const std::vector<TClassRef>& PageOrder() {
   static const std::vector<TClassRef> order = {
+      &TFileExistsAction::ClassInfo,
+      &TDeleteDirectoryAction::ClassInfo,
       &TDeleteFilesAction::ClassInfo,
+      &TCreateDirectoryAction::ClassInfo,
+      &TSetVariableAction::ClassInfo,
   };
   return order;
 }

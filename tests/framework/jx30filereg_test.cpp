@@ -183,6 +183,25 @@ TEST_F(RegistrationTest, DeleteFilesRowAndItsEditors) {
   EXPECT_EQ("Details", services.Pages["TDeleteFilesAction"].at(0)->PageName);
 }
 
+// Editors in registration order, then the pages in the design environment's order.
+TEST_F(RegistrationTest, DirectoryActionEditorsAndPageOrder) {
+  Register(true);
+  const std::vector<std::string> expected = {
+      "Editor TFileExistsAction.FileOrDirectory", "Editor TCreateDirectoryAction.FileOrDirectory",
+      "Editor TDeleteDirectoryAction.FileOrDirectory", "Editor TDeleteFilesAction.FileSpec",
+      "Editor TDeleteFilesAction.Target", "Pages TFileExistsAction", "Pages TDeleteDirectoryAction",
+      "Pages TDeleteFilesAction", "Pages TCreateDirectoryAction", "Pages TSetVariableAction"};
+  // Rows of other actions fall between these; only the relative order counts here.
+  std::vector<std::string> calls;
+  for (const std::string& call : services.Calls) {
+    if (std::find(expected.begin(), expected.end(), call) != expected.end()) calls.push_back(call);
+  }
+  EXPECT_EQ(expected, calls);
+  EXPECT_EQ("TFileNameEdit", services.Editors.at(0).EditorName);
+  EXPECT_EQ("TSelectDirectoryEditor", services.Editors.at(1).EditorName);
+  EXPECT_EQ("TSelectDirectoryEditor", services.Editors.at(2).EditorName);
+}
+
 TEST_F(RegistrationTest, WithoutDesignNoEditorsAndNoPages) {
   Register(false);
   EXPECT_FALSE(services.Actions.empty());
