@@ -3,6 +3,10 @@
 #include <string>
 
 #include "actions/files/bactions2.h"
+#include "actions/files/jxfileattrib.h"
+#include "actions/files/jxmovedirectoryaction.h"
+#include "actions/files/jxrenamedirectoryaction.h"
+#include "actions/files/jxtouchfile.h"
 #include "framework/jxeditors.h"
 #include "framework/jxpages.h"
 #include "framework/jxregistryreg.h"
@@ -20,14 +24,20 @@ constexpr const char* kFilesAndDirectories = "Files & Directories";
 // Rows 1-22 of the palette; each action type joins at its place as it is built.
 const std::vector<TCatalogueRow>& RowsBeforeRegistry() {
   static const std::vector<TCatalogueRow> rows = {
+      {&TJXMoveDirectoryAction::ClassInfo, "Move Directory", kFilesAndDirectories, "HMOVEDIR", {"TMoveDirectoryFrame"}, {}},
       {&TDeleteFilesAction::ClassInfo, "Delete File(s)", kFilesAndDirectories, "HDELETE_FILE", {"TDeleteFilesFrame"}, {}},
+      {&TSetFileAttributesAction::ClassInfo, "Set File Attributes", kFilesAndDirectories, "HSETFILEATTRIB",
+       {"TFileAttributeFrame"}, {}},
+      {&TTouchFilesAction::ClassInfo, "Touch File(s)", kFilesAndDirectories, "HTOUCHFILES", {"TTouchFrame"}, {}},
   };
   return rows;
 }
 
 // Rows 26-30: after the registry actions, before the copy-tool options class.
 const std::vector<TCatalogueRow>& RowsBeforeOptions() {
-  static const std::vector<TCatalogueRow> rows = {};
+  static const std::vector<TCatalogueRow> rows = {
+      {&TRenameDirAction::ClassInfo, nullptr, kFilesAndDirectories, "HRENAMEFILE", {"TRenameDirFrame"}, {}},
+  };
   return rows;
 }
 
@@ -50,6 +60,11 @@ const std::vector<TEditorRow>& EditorRows() {
       {&TDeleteFilesAction::ClassInfo, "FileSpec", {TPropertyKind::pkWideString, nullptr}, &TFileNameEditEx},
       // The action has no Target; the registration is harmless and kept.
       {&TDeleteFilesAction::ClassInfo, "Target", {TPropertyKind::pkWideString, nullptr}, &TFileNameEditEx},
+      {&TSetFileAttributesAction::ClassInfo, "FileSpec", {TPropertyKind::pkWideString, nullptr}, &TFileNameEdit},
+      {&TSetFileAttributesAction::ClassInfo, "", {TPropertyKind::pkEnumeration, &TAttributeSettingInfo},
+       &TFileAttributeEditor},
+      {&TTouchFilesAction::ClassInfo, "DateTimeString", {TPropertyKind::pkString, nullptr}, &TTouchFilesDateEditor},
+      {&TTouchFilesAction::ClassInfo, "FileSpec", {TPropertyKind::pkWideString, nullptr}, &TFileNameEdit},
   };
   return rows;
 }
@@ -57,7 +72,13 @@ const std::vector<TEditorRow>& EditorRows() {
 // The order in which the design environment gets each action's pages.
 const std::vector<TClassRef>& PageOrder() {
   static const std::vector<TClassRef> order = {
+      &TJXMoveDirectoryAction::ClassInfo,
+      // The move-files editors ("FileSpec", "Target") register here, after
+      // the move-directory pages, once Move File(s) is built.
       &TDeleteFilesAction::ClassInfo,
+      &TSetFileAttributesAction::ClassInfo,
+      &TTouchFilesAction::ClassInfo,
+      &TRenameDirAction::ClassInfo,
   };
   return order;
 }
