@@ -183,6 +183,37 @@ TEST_F(RegistrationTest, DeleteFilesRowAndItsEditors) {
   EXPECT_EQ("Details", services.Pages["TDeleteFilesAction"].at(0)->PageName);
 }
 
+TEST_F(RegistrationTest, AttributeAndTouchEditorsInRegistrationOrder) {
+  Register(true);
+  std::vector<std::string> editors;
+  for (const auto& e : services.Editors) {
+    if (e.ClassName == "TSetFileAttributesAction" || e.ClassName == "TTouchFilesAction") {
+      editors.push_back(e.ClassName + "." + e.Property + ":" + e.EditorName + ":" + PropertyKindName(e.Kind));
+    }
+  }
+  EXPECT_EQ((std::vector<std::string>{
+                "TSetFileAttributesAction.FileSpec:TFileNameEdit:WideString",
+                "TSetFileAttributesAction.:TFileAttributeEditor:Enumeration",
+                "TTouchFilesAction.DateTimeString:TTouchFilesDateEditor:String",
+                "TTouchFilesAction.FileSpec:TFileNameEdit:WideString",
+            }),
+            editors);
+}
+
+// The pages of these actions, among all others, in the design environment's order.
+TEST_F(RegistrationTest, PagesComeInPageOrder) {
+  Register(true);
+  const std::vector<std::string> order = {"TJXMoveDirectoryAction", "TDeleteFilesAction", "TSetFileAttributesAction",
+                                          "TTouchFilesAction", "TRenameDirAction"};
+  std::vector<std::string> registered;
+  for (const std::string& call : services.Calls) {
+    if (call.rfind("Pages ", 0) != 0) continue;
+    const std::string cls = call.substr(6);
+    if (std::find(order.begin(), order.end(), cls) != order.end()) registered.push_back(cls);
+  }
+  EXPECT_EQ(order, registered);
+}
+
 TEST_F(RegistrationTest, WithoutDesignNoEditorsAndNoPages) {
   Register(false);
   EXPECT_FALSE(services.Actions.empty());
