@@ -1,8 +1,10 @@
 #include "framework/jx30filereg.h"
 
 #include <string>
+#include <utility>
 
 #include "actions/files/bactions2.h"
+#include "actions/files/jxcopymove.h"
 #include "actions/files/jxfileattrib.h"
 #include "actions/files/jxmovedirectoryaction.h"
 #include "actions/files/jxrenamedirectoryaction.h"
@@ -26,6 +28,8 @@ const std::vector<TCatalogueRow>& RowsBeforeRegistry() {
   static const std::vector<TCatalogueRow> rows = {
       {&TJXMoveDirectoryAction::ClassInfo, "Move Directory", kFilesAndDirectories, "HMOVEDIR", {"TMoveDirectoryFrame"}, {}},
       {&TDeleteFilesAction::ClassInfo, "Delete File(s)", kFilesAndDirectories, "HDELETE_FILE", {"TDeleteFilesFrame"}, {}},
+      {&TCopyFilesAction::ClassInfo, "Copy File(s)", kFilesAndDirectories, "HCOPYFILES", {"TCopyFrame"}, {}},
+      {&TMoveFilesAction::ClassInfo, "Move File(s)", kFilesAndDirectories, "HMOVEFILES", {"TMoveFrame"}, {}},
       {&TSetFileAttributesAction::ClassInfo, "Set File Attributes", kFilesAndDirectories, "HSETFILEATTRIB",
        {"TFileAttributeFrame"}, {}},
       {&TTouchFilesAction::ClassInfo, "Touch File(s)", kFilesAndDirectories, "HTOUCHFILES", {"TTouchFrame"}, {}},
@@ -60,6 +64,8 @@ const std::vector<TEditorRow>& EditorRows() {
       {&TDeleteFilesAction::ClassInfo, "FileSpec", {TPropertyKind::pkWideString, nullptr}, &TFileNameEditEx},
       // The action has no Target; the registration is harmless and kept.
       {&TDeleteFilesAction::ClassInfo, "Target", {TPropertyKind::pkWideString, nullptr}, &TFileNameEditEx},
+      {&TCopyFilesAction::ClassInfo, "FileSpec", {TPropertyKind::pkWideString, nullptr}, &TFileNameEditEx},
+      {&TCopyFilesAction::ClassInfo, "Target", {TPropertyKind::pkWideString, nullptr}, &TFileNameEditEx},
       {&TSetFileAttributesAction::ClassInfo, "FileSpec", {TPropertyKind::pkWideString, nullptr}, &TFileNameEdit},
       {&TSetFileAttributesAction::ClassInfo, "", {TPropertyKind::pkEnumeration, &TAttributeSettingInfo},
        &TFileAttributeEditor},
@@ -69,15 +75,26 @@ const std::vector<TEditorRow>& EditorRows() {
   return rows;
 }
 
+// One step of the page registration: an action's pages (none when Class is
+// null), then the property editors registered right after them.
+struct TPageStep {
+  TPageStep(TClassRef cls, std::vector<TEditorRow> editors_after = {})
+      : Class(cls), EditorsAfter(std::move(editors_after)) {}
+  TClassRef Class;
+  std::vector<TEditorRow> EditorsAfter;
+};
+
 // The order in which the design environment gets each action's pages.
-const std::vector<TClassRef>& PageOrder() {
-  static const std::vector<TClassRef> order = {
-      &TJXMoveDirectoryAction::ClassInfo,
-      // The move-files editors ("FileSpec", "Target") register here, after
-      // the move-directory pages, once Move File(s) is built.
+const std::vector<TPageStep>& PageOrder() {
+  static const std::vector<TPageStep> order = {
+      {&TJXMoveDirectoryAction::ClassInfo,
+       {{&TMoveFilesAction::ClassInfo, "FileSpec", {TPropertyKind::pkWideString, nullptr}, &TFileNameEditEx},
+        {&TMoveFilesAction::ClassInfo, "Target", {TPropertyKind::pkWideString, nullptr}, &TFileNameEditEx}}},
       &TDeleteFilesAction::ClassInfo,
       &TSetFileAttributesAction::ClassInfo,
+      &TMoveFilesAction::ClassInfo,
       &TTouchFilesAction::ClassInfo,
+      &TCopyFilesAction::ClassInfo,
       &TRenameDirAction::ClassInfo,
   };
   return order;
@@ -94,18 +111,22 @@ const TCatalogueRow* FindRow(const TJXClassInfo& cls) {
   return nullptr;
 }
 
-void RegisterEditors() {
-  for (const TEditorRow& row : EditorRows()) {
+void RegisterEditors(const std::vector<TEditorRow>& rows) {
+  for (const TEditorRow& row : rows) {
     JXActionServices->RegisterPropertyEditor(row.Type, &row.Class(), row.Property, *row.Editor);
   }
 }
 
+void RegisterPagesOf(const TJXClassInfo& cls) {
+  std::vector<const TJXPageClass*> pages;
+  for (const char* page_name : FindRow(cls)->Pages) pages.push_back(FindPageClass(page_name));
+  JXActionServices->RegisterPropertyPages(&cls, pages);
+}
+
 void RegisterPages() {
-  for (TClassRef class_ref : PageOrder()) {
-    const TJXClassInfo& cls = class_ref();
-    std::vector<const TJXPageClass*> pages;
-    for (const char* page_name : FindRow(cls)->Pages) pages.push_back(FindPageClass(page_name));
-    JXActionServices->RegisterPropertyPages(&cls, pages);
+  for (const TPageStep& step : PageOrder()) {
+    if (step.Class) RegisterPagesOf(step.Class());
+    RegisterEditors(step.EditorsAfter);
   }
 }
 
@@ -133,7 +154,7 @@ void JXRegister(bool design) {
   // The copy-tool options class registers here when it is built.
   RegisterRows(RowsAfterOptions());
   if (!design) return;
-  RegisterEditors();
+  RegisterEditors(EditorRows());
   RegisterPages();
 }
 
