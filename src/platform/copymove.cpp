@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "platform/attributes.h"
-#include "platform/copymovebackend.h"
+#include "platform/backend.h"
 #include "platform/lasterror.h"
 
 namespace jx {

@@ -1,8 +1,10 @@
-// POSIX backend of copying and moving files: OS calls only. Linux's fast
-// paths (copy_file_range, sendfile, renameat2) are tried first, each with the
-// plain POSIX call as its fallback. The rules for existing destinations live
-// in ../copymove.cpp.
-#include <errno.h>
+// POSIX backend: only calls of the POSIX systems we build for (Linux with
+// glibc) live here; portable logic belongs above, in src/platform.
+//
+// Copying and moving files: the kernel's fast paths (copy_file_range,
+// sendfile, renameat2) first, each with the plain call as its fallback. The
+// rules for existing destinations are in ../copymove.cpp.
+
 #include <fcntl.h>
 #include <stdio.h>
 #include <sys/sendfile.h>
@@ -16,15 +18,15 @@
 #include <string>
 #include <vector>
 
-#include "platform/copymovebackend.h"
-#include "platform/lasterror.h"
+#include "platform/backend.h"
+#include "platform/posix/attributebits.h"
+#include "platform/posix/errors.h"
 #include "rtl/paths.h"
 
 namespace jx::backend {
 
 namespace {
 
-constexpr const char* kDosAttribName = "user.DOSATTRIB";
 constexpr size_t kChunk = size_t{1} << 30;  // per kernel copy call; the kernel may do less
 
 // A file descriptor closed when it goes out of scope.
@@ -49,11 +51,6 @@ class TFd {
  private:
   int fd_;
 };
-
-bool FailWithErrno() {
-  SetLastError(static_cast<uint32_t>(errno));
-  return false;
-}
 
 enum class TCopyStep { Done, Failed, Unsupported };
 
@@ -114,12 +111,12 @@ bool CopyContents(int in, int out, off_t size) {
 // Hidden, system and archive travel with the file when the source has them
 // and the destination's file system can hold them.
 bool CopyDosAttributes(int in, int out) {
-  ssize_t size = ::fgetxattr(in, kDosAttribName, nullptr, 0);
+  ssize_t size = ::fgetxattr(in, posix::kDosAttribName, nullptr, 0);
   if (size < 0) return errno == ENODATA || errno == ENOTSUP;
   std::vector<char> value(static_cast<size_t>(size));
-  size = ::fgetxattr(in, kDosAttribName, value.data(), value.size());
+  size = ::fgetxattr(in, posix::kDosAttribName, value.data(), value.size());
   if (size < 0) return false;
-  return ::fsetxattr(out, kDosAttribName, value.data(), static_cast<size_t>(size), 0) == 0 || errno == ENOTSUP;
+  return ::fsetxattr(out, posix::kDosAttribName, value.data(), static_cast<size_t>(size), 0) == 0 || errno == ENOTSUP;
 }
 
 bool CopyLastWriteTime(int out, const struct stat& source) {
@@ -142,15 +139,14 @@ bool CopyReadOnly(int out, const struct stat& source) {
 bool CopyInto(int in, const struct stat& source, const std::string& path) {
   const mode_t mode = (source.st_mode & 0777) | S_IWUSR;
   TFd out(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
-  if (!out.IsOpen()) return FailWithErrno();
+  if (!out.IsOpen()) return posix::FailWithErrno();
   if (CopyContents(in, out.Get(), source.st_size) && CopyDosAttributes(in, out.Get()) &&
       CopyLastWriteTime(out.Get(), source) && CopyReadOnly(out.Get(), source) && out.Close()) {
     return true;
   }
   const int error = errno;
   ::unlink(path.c_str());
-  SetLastError(static_cast<uint32_t>(error));
-  return false;
+  return posix::FailWith(error);
 }
 
 // Opens a regular file to copy from: its descriptor, or -1 and the last
@@ -158,11 +154,11 @@ bool CopyInto(int in, const struct stat& source, const std::string& path) {
 int OpenSource(const std::string& source, struct stat& st) {
   TFd in(::open(source.c_str(), O_RDONLY | O_CLOEXEC));
   if (!in.IsOpen() || ::fstat(in.Get(), &st) != 0) {
-    FailWithErrno();
+    posix::FailWithErrno();
     return -1;
   }
   if (S_ISDIR(st.st_mode)) {
-    SetLastError(kErrorAccessDenied);
+    posix::FailWith(EACCES);
     return -1;
   }
   return in.Release();
@@ -195,8 +191,7 @@ bool CopyOverFile(const std::string& source, const std::string& dest) {
   if (::rename(temporary.c_str(), dest.c_str()) == 0) return true;
   const int error = errno;
   ::unlink(temporary.c_str());
-  SetLastError(static_cast<uint32_t>(error));
-  return false;
+  return posix::FailWith(error);
 }
 
 TRenameResult RenameNoReplace(const std::string& source, const std::string& dest) {
@@ -205,12 +200,12 @@ TRenameResult RenameNoReplace(const std::string& source, const std::string& dest
   }
   // EINVAL also means "into its own subdirectory"; the plain rename then says so again.
   if (errno == EINVAL || errno == ENOSYS || errno == ENOTSUP) return TRenameResult::Unsupported;
-  FailWithErrno();
+  posix::FailWithErrno();
   return TRenameResult::Failed;
 }
 
 bool RenamePath(const std::string& source, const std::string& dest) {
-  return ::rename(source.c_str(), dest.c_str()) == 0 || FailWithErrno();
+  return ::rename(source.c_str(), dest.c_str()) == 0 || posix::FailWithErrno();
 }
 
 }  // namespace jx::backend
