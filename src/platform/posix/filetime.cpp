@@ -1,24 +1,23 @@
-// POSIX backend of filetime.h: descriptors, stat and futimens. Only OS calls
-// live here; the local-time conversions are clock.h's.
+// POSIX backend: only calls of the POSIX systems we build for (Linux with
+// glibc) live here; portable logic belongs above, in src/platform.
+
 #include "platform/filetime.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
-
 #include "platform/clock.h"
-#include "platform/lasterror.h"
+#include "platform/posix/attributebits.h"
+#include "platform/posix/errors.h"
 
 namespace jx {
-
 namespace {
 
 TDateTime LocalTimeOf(const timespec& t) { return UnixTimeToLocal(t.tv_sec, static_cast<int32_t>(t.tv_nsec)); }
 
 // The whole local second and its milliseconds are converted apart, so the
-// millisecond part never shifts the second.
+// milliseconds never shift the second.
 timespec UnixTimeOf(TDateTime local) {
   const TDateTimeParts t = DecodeDateTime(local);
   timespec result{};
@@ -27,59 +26,53 @@ timespec UnixTimeOf(TDateTime local) {
   return result;
 }
 
-bool FailWithErrno() {
-  SetLastError(static_cast<uint32_t>(errno));
-  return false;
-}
+int Descriptor(intptr_t native) { return static_cast<int>(native); }
 
 }  // namespace
 
 bool FileGetDate(const std::string& path, TDateTime& value) {
-  struct stat st {};
-  if (::stat(path.c_str(), &st) != 0) return FailWithErrno();
+  struct stat st;
+  if (stat(path.c_str(), &st) != 0) return posix::FailWithErrno();
   value = LocalTimeOf(st.st_mtim);
   return true;
 }
 
+// O_NONBLOCK: a pipe without a reader fails at once instead of hanging the
+// build; regular files ignore the flag. The kernel would let root write a
+// file nobody may write; Win32 refuses it to everyone, so the check is here.
 TFileHandle TFileHandle::OpenForWrite(const std::string& path) {
-  // O_NONBLOCK: a pipe without a reader fails at once instead of hanging the
-  // build; regular files ignore the flag.
-  const int fd = ::open(path.c_str(), O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-  if (fd < 0) {
-    FailWithErrno();
-    return TFileHandle();
+  TFileHandle file(open(path.c_str(), O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+  if (!file.IsOpen()) {
+    posix::FailWithErrno();
+    return file;
   }
-  TFileHandle file(fd);
-  struct stat st {};
-  if (::fstat(fd, &st) != 0) {
-    FailWithErrno();
-    return TFileHandle();
-  }
-  // The kernel lets root write anything; Win32 refuses a read-only file to everyone.
-  if ((st.st_mode & S_IWUSR) == 0) {
-    SetLastError(kErrorAccessDenied);
-    return TFileHandle();
+  struct stat st;
+  if (fstat(Descriptor(file.native_), &st) != 0) {
+    posix::FailWithErrno();
+    file.Close();
+  } else if (posix::ModeAttributes(st.st_mode) & faReadOnly) {
+    posix::FailWith(EACCES);
+    file.Close();
   }
   return file;
 }
 
 void TFileHandle::Close() {
   if (native_ == kNoFile) return;
-  ::close(static_cast<int>(native_));
+  close(Descriptor(native_));
   native_ = kNoFile;
 }
 
 bool TFileHandle::GetLastWriteTime(TDateTime& value) const {
-  struct stat st {};
-  if (::fstat(static_cast<int>(native_), &st) != 0) return FailWithErrno();
+  struct stat st;
+  if (fstat(Descriptor(native_), &st) != 0) return posix::FailWithErrno();
   value = LocalTimeOf(st.st_mtim);
   return true;
 }
 
 bool TFileHandle::SetLastWriteTime(TDateTime value) {
   const timespec times[2] = {{0, UTIME_OMIT}, UnixTimeOf(value)};
-  if (::futimens(static_cast<int>(native_), times) != 0) return FailWithErrno();
-  return true;
+  return futimens(Descriptor(native_), times) == 0 || posix::FailWithErrno();
 }
 
 }  // namespace jx
