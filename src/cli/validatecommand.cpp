@@ -22,7 +22,7 @@ int ValidateCommand(const std::string& project_file) {
   if (!problems.empty()) return kExitInvalid;
   int count = 0;
   ForEachAction(project.Actions, [&count](TCustomJXAction&) { ++count; });
-  fmt::print("{}: no problems found ({} actions)\n", project_file, count);
+  fmt::print("{}: no problems found ({} action{})\n", project_file, count, count == 1 ? "" : "s");
   return kExitSuccess;
 }
 

@@ -171,6 +171,12 @@ std::string TemporaryNameFor(const std::string& dest) {
          ".tmp";
 }
 
+// Copying a file onto itself is refused, as Win32 refuses it (the file is in use).
+bool IsSameFile(const struct stat& source, const std::string& dest) {
+  struct stat st;
+  return ::stat(dest.c_str(), &st) == 0 && st.st_dev == source.st_dev && st.st_ino == source.st_ino;
+}
+
 }  // namespace
 
 bool CopyToNewFile(const std::string& source, const std::string& dest) {
@@ -183,6 +189,7 @@ bool CopyOverFile(const std::string& source, const std::string& dest) {
   struct stat st;
   TFd in(OpenSource(source, st));
   if (!in.IsOpen()) return false;
+  if (IsSameFile(st, dest)) return posix::FailWith(EBUSY);
   std::string temporary = TemporaryNameFor(dest);
   while (!CopyInto(in.Get(), st, temporary)) {
     if (GetLastError() != EEXIST) return false;  // else a leftover of that name: take another
