@@ -1,5 +1,6 @@
 #include "platform/filetime.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <time.h>
