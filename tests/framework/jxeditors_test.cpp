@@ -34,6 +34,8 @@ TEST(TouchFilesDateEditor, EditsTheDateTimeBehindThePlaceholder) {
   TTouchFilesDateEditor.SetEditText(action, placeholder, "2020-01-02T03:04:05");
   EXPECT_EQ(EncodeDateTime(2020, 1, 2, 3, 4, 5, 0), action.DateTime());
   EXPECT_EQ("2020-01-02T03:04:05", TTouchFilesDateEditor.GetEditText(action, placeholder));
+  TTouchFilesDateEditor.SetEditText(action, placeholder, "tomorrow");
+  EXPECT_EQ(EncodeDateTime(2020, 1, 2, 3, 4, 5, 0), action.DateTime());
   EXPECT_EQ("Edit...", placeholder.GetText(action));
 }
 

@@ -14,13 +14,15 @@ namespace {
 
 using test::TempDir;
 
-// The local clock fields of a file's mtime, read with the C library only.
-struct tm LocalMTime(const std::string& path) {
+// The local time of a file's mtime, read with the C library only.
+std::string LocalMTime(const std::string& path) {
   struct stat st {};
   EXPECT_EQ(0, ::stat(path.c_str(), &st));
   struct tm local {};
   ::localtime_r(&st.st_mtime, &local);
-  return local;
+  char text[32];
+  ::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &local);
+  return text;
 }
 
 struct PackRow {
@@ -57,27 +59,12 @@ TEST(FileDate, SetAndGetTheLastWriteTimeInLocalTime) {
   const std::string file = dir.WriteFile("a.txt", "keep");
   ASSERT_TRUE(FileSetDate(file, EncodeDateTime(2001, 5, 6, 10, 11, 12, 0)));
 
-  const struct tm local = LocalMTime(file);
-  EXPECT_EQ(2001, local.tm_year + 1900);
-  EXPECT_EQ(5, local.tm_mon + 1);
-  EXPECT_EQ(6, local.tm_mday);
-  EXPECT_EQ(10, local.tm_hour);
-  EXPECT_EQ(11, local.tm_min);
-  EXPECT_EQ(12, local.tm_sec);
+  EXPECT_EQ("2001-05-06 10:11:12", LocalMTime(file));
 
   TDateTime read = 0;
   ASSERT_TRUE(FileGetDate(file, read));
   EXPECT_EQ("2001-05-06T10:11:12", DateTimeToISO(read));
   EXPECT_EQ("keep", test::ReadFile(file));
-}
-
-TEST(FileDate, MissingFileReportsNotFound) {
-  TempDir dir;
-  TDateTime value = 0;
-  EXPECT_FALSE(FileGetDate(dir / "none", value));
-  EXPECT_EQ(kErrorFileNotFound, GetLastError());
-  EXPECT_FALSE(FileSetDate(dir / "none", 0));
-  EXPECT_EQ(kErrorFileNotFound, GetLastError());
 }
 
 TEST(FileHandle, KeepsTheAccessTimeAndMilliseconds) {
@@ -117,15 +104,6 @@ TEST(FileHandle, PipeWithoutReaderFailsInsteadOfWaiting) {
   TFileHandle handle = TFileHandle::OpenForWrite(fifo);
   EXPECT_FALSE(handle.IsOpen());
   EXPECT_NE(0u, GetLastError());
-}
-
-TEST(FileHandle, MovedHandleOwnsTheFile) {
-  TempDir dir;
-  TFileHandle first = TFileHandle::OpenForWrite(dir.WriteFile("a.txt"));
-  TFileHandle second = std::move(first);
-  EXPECT_FALSE(first.IsOpen());
-  EXPECT_TRUE(second.IsOpen());
-  EXPECT_TRUE(second.SetLastWriteTime(EncodeDateTime(2001, 1, 1, 0, 0, 0, 0)));
 }
 
 }  // namespace
