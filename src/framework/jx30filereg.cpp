@@ -1,9 +1,15 @@
 #include "framework/jx30filereg.h"
 
 #include <string>
+#include <utility>
 
 #include "actions/files/bactions1.h"
 #include "actions/files/bactions2.h"
+#include "actions/files/jxcopymove.h"
+#include "actions/files/jxfileattrib.h"
+#include "actions/files/jxmovedirectoryaction.h"
+#include "actions/files/jxrenamedirectoryaction.h"
+#include "actions/files/jxtouchfile.h"
 #include "framework/jxeditors.h"
 #include "framework/jxpages.h"
 #include "framework/jxregistryreg.h"
@@ -24,15 +30,23 @@ const std::vector<TCatalogueRow>& RowsBeforeRegistry() {
       {&TFileExistsAction::ClassInfo, "Check if File Exists", kFilesAndDirectories, "HCHECKFILE", {"TCheckFileFrame"}, {}},
       {&TCreateDirectoryAction::ClassInfo, "Create Directory", kFilesAndDirectories, "HCREATE_DIR", {"TCreateDirectoryFrame"}, {}},
       {&TDeleteDirectoryAction::ClassInfo, "Delete Directory", kFilesAndDirectories, "HDELETE_DIR", {"TDeleteDirFrame"}, {}},
+      {&TJXMoveDirectoryAction::ClassInfo, "Move Directory", kFilesAndDirectories, "HMOVEDIR", {"TMoveDirectoryFrame"}, {}},
       {&TSetVariableAction::ClassInfo, "Set Variable", "Misc", "HSETVARIABLE", {"TSetVariableFrame"}, {}},
       {&TDeleteFilesAction::ClassInfo, "Delete File(s)", kFilesAndDirectories, "HDELETE_FILE", {"TDeleteFilesFrame"}, {}},
+      {&TCopyFilesAction::ClassInfo, "Copy File(s)", kFilesAndDirectories, "HCOPYFILES", {"TCopyFrame"}, {}},
+      {&TMoveFilesAction::ClassInfo, "Move File(s)", kFilesAndDirectories, "HMOVEFILES", {"TMoveFrame"}, {}},
+      {&TSetFileAttributesAction::ClassInfo, "Set File Attributes", kFilesAndDirectories, "HSETFILEATTRIB",
+       {"TFileAttributeFrame"}, {}},
+      {&TTouchFilesAction::ClassInfo, "Touch File(s)", kFilesAndDirectories, "HTOUCHFILES", {"TTouchFrame"}, {}},
   };
   return rows;
 }
 
 // Rows 26-30: after the registry actions, before the copy-tool options class.
 const std::vector<TCatalogueRow>& RowsBeforeOptions() {
-  static const std::vector<TCatalogueRow> rows = {};
+  static const std::vector<TCatalogueRow> rows = {
+      {&TRenameDirAction::ClassInfo, nullptr, kFilesAndDirectories, "HRENAMEFILE", {"TRenameDirFrame"}, {}},
+  };
   return rows;
 }
 
@@ -58,18 +72,42 @@ const std::vector<TEditorRow>& EditorRows() {
       {&TDeleteFilesAction::ClassInfo, "FileSpec", {TPropertyKind::pkWideString, nullptr}, &TFileNameEditEx},
       // The action has no Target; the registration is harmless and kept.
       {&TDeleteFilesAction::ClassInfo, "Target", {TPropertyKind::pkWideString, nullptr}, &TFileNameEditEx},
+      {&TCopyFilesAction::ClassInfo, "FileSpec", {TPropertyKind::pkWideString, nullptr}, &TFileNameEditEx},
+      {&TCopyFilesAction::ClassInfo, "Target", {TPropertyKind::pkWideString, nullptr}, &TFileNameEditEx},
+      {&TSetFileAttributesAction::ClassInfo, "FileSpec", {TPropertyKind::pkWideString, nullptr}, &TFileNameEdit},
+      {&TSetFileAttributesAction::ClassInfo, "", {TPropertyKind::pkEnumeration, &TAttributeSettingInfo},
+       &TFileAttributeEditor},
+      {&TTouchFilesAction::ClassInfo, "DateTimeString", {TPropertyKind::pkString, nullptr}, &TTouchFilesDateEditor},
+      {&TTouchFilesAction::ClassInfo, "FileSpec", {TPropertyKind::pkWideString, nullptr}, &TFileNameEdit},
   };
   return rows;
 }
 
+// One step of the page registration: an action's pages (none when Class is
+// null), then the property editors registered right after them.
+struct TPageStep {
+  TPageStep(TClassRef cls, std::vector<TEditorRow> editors_after = {})
+      : Class(cls), EditorsAfter(std::move(editors_after)) {}
+  TClassRef Class;
+  std::vector<TEditorRow> EditorsAfter;
+};
+
 // The order in which the design environment gets each action's pages.
-const std::vector<TClassRef>& PageOrder() {
-  static const std::vector<TClassRef> order = {
+const std::vector<TPageStep>& PageOrder() {
+  static const std::vector<TPageStep> order = {
       &TFileExistsAction::ClassInfo,
+      {&TJXMoveDirectoryAction::ClassInfo,
+       {{&TMoveFilesAction::ClassInfo, "FileSpec", {TPropertyKind::pkWideString, nullptr}, &TFileNameEditEx},
+        {&TMoveFilesAction::ClassInfo, "Target", {TPropertyKind::pkWideString, nullptr}, &TFileNameEditEx}}},
       &TDeleteDirectoryAction::ClassInfo,
       &TDeleteFilesAction::ClassInfo,
+      &TSetFileAttributesAction::ClassInfo,
+      &TMoveFilesAction::ClassInfo,
+      &TTouchFilesAction::ClassInfo,
+      &TCopyFilesAction::ClassInfo,
       &TCreateDirectoryAction::ClassInfo,
       &TSetVariableAction::ClassInfo,
+      &TRenameDirAction::ClassInfo,
   };
   return order;
 }
@@ -85,18 +123,22 @@ const TCatalogueRow* FindRow(const TJXClassInfo& cls) {
   return nullptr;
 }
 
-void RegisterEditors() {
-  for (const TEditorRow& row : EditorRows()) {
+void RegisterEditors(const std::vector<TEditorRow>& rows) {
+  for (const TEditorRow& row : rows) {
     JXActionServices->RegisterPropertyEditor(row.Type, &row.Class(), row.Property, *row.Editor);
   }
 }
 
+void RegisterPagesOf(const TJXClassInfo& cls) {
+  std::vector<const TJXPageClass*> pages;
+  for (const char* page_name : FindRow(cls)->Pages) pages.push_back(FindPageClass(page_name));
+  JXActionServices->RegisterPropertyPages(&cls, pages);
+}
+
 void RegisterPages() {
-  for (TClassRef class_ref : PageOrder()) {
-    const TJXClassInfo& cls = class_ref();
-    std::vector<const TJXPageClass*> pages;
-    for (const char* page_name : FindRow(cls)->Pages) pages.push_back(FindPageClass(page_name));
-    JXActionServices->RegisterPropertyPages(&cls, pages);
+  for (const TPageStep& step : PageOrder()) {
+    if (step.Class) RegisterPagesOf(step.Class());
+    RegisterEditors(step.EditorsAfter);
   }
 }
 
@@ -124,7 +166,7 @@ void JXRegister(bool design) {
   // The copy-tool options class registers here when it is built.
   RegisterRows(RowsAfterOptions());
   if (!design) return;
-  RegisterEditors();
+  RegisterEditors(EditorRows());
   RegisterPages();
 }
 

@@ -60,4 +60,20 @@ int64_t UtcOffsetAt(int64_t unix_seconds);
 // resolved as the C library's mktime does.
 int64_t LocalPartsToUnix(const TDateTimeParts& local);
 
+// --- Copying and moving ---------------------------------------------------
+
+// Copies `source` to `dest`, which must not exist yet (kErrorAlreadyExists
+// when it does). Contents, last-write time and attributes are carried over;
+// on failure no `dest` is left behind.
+bool CopyToNewFile(const std::string& source, const std::string& dest);
+// The same onto an existing `dest`, replacing it only once the copy is whole.
+bool CopyOverFile(const std::string& source, const std::string& dest);
+
+enum class TRenameResult { Renamed, Failed, Unsupported };
+// Renames unless `dest` exists (kErrorAlreadyExists); Unsupported when the
+// file system cannot make that check itself.
+TRenameResult RenameNoReplace(const std::string& source, const std::string& dest);
+// Renames, replacing whatever `dest` is, as the file system allows.
+bool RenamePath(const std::string& source, const std::string& dest);
+
 }  // namespace jx::backend

@@ -202,6 +202,70 @@ TEST_F(RegistrationTest, DirectoryActionEditorsAndPageOrder) {
   EXPECT_EQ("TSelectDirectoryEditor", services.Editors.at(2).EditorName);
 }
 
+TEST_F(RegistrationTest, AttributeAndTouchEditorsInRegistrationOrder) {
+  Register(true);
+  std::vector<std::string> editors;
+  for (const auto& e : services.Editors) {
+    if (e.ClassName == "TSetFileAttributesAction" || e.ClassName == "TTouchFilesAction") {
+      editors.push_back(e.ClassName + "." + e.Property + ":" + e.EditorName + ":" + PropertyKindName(e.Kind));
+    }
+  }
+  EXPECT_EQ((std::vector<std::string>{
+                "TSetFileAttributesAction.FileSpec:TFileNameEdit:WideString",
+                "TSetFileAttributesAction.:TFileAttributeEditor:Enumeration",
+                "TTouchFilesAction.DateTimeString:TTouchFilesDateEditor:String",
+                "TTouchFilesAction.FileSpec:TFileNameEdit:WideString",
+            }),
+            editors);
+}
+
+// The pages of these actions, among all others, in the design environment's order.
+TEST_F(RegistrationTest, PagesComeInPageOrder) {
+  Register(true);
+  const std::vector<std::string> order = {"TJXMoveDirectoryAction", "TDeleteFilesAction", "TSetFileAttributesAction",
+                                          "TTouchFilesAction", "TRenameDirAction"};
+  std::vector<std::string> registered;
+  for (const std::string& call : services.Calls) {
+    if (call.rfind("Pages ", 0) != 0) continue;
+    const std::string cls = call.substr(6);
+    if (std::find(order.begin(), order.end(), cls) != order.end()) registered.push_back(cls);
+  }
+  EXPECT_EQ(order, registered);
+
+  // The move-files editors come right after the move-directory pages.
+  const auto move_dir_pages = std::find(services.Calls.begin(), services.Calls.end(), "Pages TJXMoveDirectoryAction");
+  ASSERT_NE(services.Calls.end(), move_dir_pages);
+  EXPECT_EQ("Editor TMoveFilesAction.FileSpec", *(move_dir_pages + 1));
+}
+
+// Copy files' editors follow delete files'; the move-files editors are
+// registered in the page step, after every other editor and before the pages
+// of delete files; then come the pages of move files and of copy files.
+TEST_F(RegistrationTest, CopyAndMoveFilesEditorsAndPagesInTheirSteps) {
+  Register(true);
+  const auto at = [&](const std::string& call) {
+    auto it = std::find(services.Calls.begin(), services.Calls.end(), call);
+    EXPECT_NE(services.Calls.end(), it) << call;
+    return it - services.Calls.begin();
+  };
+  const auto copy_spec = at("Editor TCopyFilesAction.FileSpec");
+  EXPECT_EQ(at("Editor TDeleteFilesAction.Target") + 1, copy_spec);
+  EXPECT_EQ(copy_spec + 1, at("Editor TCopyFilesAction.Target"));
+  const auto move_spec = at("Editor TMoveFilesAction.FileSpec");
+  EXPECT_EQ(move_spec + 1, at("Editor TMoveFilesAction.Target"));
+  EXPECT_LT(move_spec, at("Pages TDeleteFilesAction"));
+  EXPECT_LT(at("Pages TDeleteFilesAction"), at("Pages TMoveFilesAction"));
+  EXPECT_LT(at("Pages TMoveFilesAction"), at("Pages TCopyFilesAction"));
+  for (const auto& e : services.Editors) {
+    if (e.ClassName == "TMoveFilesAction" || e.ClassName == "TCopyFilesAction") {
+      EXPECT_EQ("TFileNameEditEx", e.EditorName);
+      EXPECT_EQ(TPropertyKind::pkWideString, e.Kind);
+    } else {
+      EXPECT_LT(at("Editor " + e.ClassName + "." + e.Property), move_spec);
+    }
+  }
+}
+
 TEST_F(RegistrationTest, WithoutDesignNoEditorsAndNoPages) {
   Register(false);
   EXPECT_FALSE(services.Actions.empty());

@@ -3,7 +3,11 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <filesystem>
+#include <string>
+#include <vector>
 
 #include "platform/attributes.h"
 #include "platform/copymove.h"
@@ -22,6 +26,16 @@ timespec MTimeOf(const std::string& path) {
 
 class CopyMoveTest : public ::testing::Test {
  protected:
+  // The names in the directory, to see that nothing was left behind.
+  std::vector<std::string> Names() const {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(dir_.Path())) {
+      names.push_back(entry.path().filename().string());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+
   test::TempDir dir_;
   const std::string contents_ = std::string(300000, 'x') + "end";  // several read/write rounds
   const std::string source_ = dir_.WriteFile("source.txt", contents_);
@@ -31,19 +45,24 @@ TEST_F(CopyMoveTest, CopyTakesContentsTimeAndAttributes) {
   const timespec times[2] = {{0, UTIME_OMIT}, {1500000000, 123456789}};
   ASSERT_EQ(0, utimensat(AT_FDCWD, source_.c_str(), times, 0));
   ASSERT_TRUE(FileSetAttr(source_, faReadOnly));
-  ASSERT_TRUE(CopyFileTo(source_, dir_ / "copy.txt", true));
-  EXPECT_EQ(contents_, test::ReadFile(dir_ / "copy.txt"));
-  EXPECT_EQ(1500000000, MTimeOf(dir_ / "copy.txt").tv_sec);
-  EXPECT_EQ(123456789, MTimeOf(dir_ / "copy.txt").tv_nsec);
-  EXPECT_EQ(faReadOnly, FileGetAttr(dir_ / "copy.txt"));
+  ASSERT_TRUE(CopyFileTo(source_, dir_ / "copy ü é.txt", true));
+  EXPECT_EQ(contents_, test::ReadFile(dir_ / "copy ü é.txt"));
+  EXPECT_EQ(1500000000, MTimeOf(dir_ / "copy ü é.txt").tv_sec);
+  EXPECT_EQ(123456789, MTimeOf(dir_ / "copy ü é.txt").tv_nsec);
+  EXPECT_EQ(faReadOnly, FileGetAttr(dir_ / "copy ü é.txt"));
 }
 
-TEST_F(CopyMoveTest, CopyTakesStoredFlags) {
+TEST_F(CopyMoveTest, CopyTakesStoredFlagsAndPermissionBits) {
+  ASSERT_EQ(0, chmod(source_.c_str(), 0750));
   if (!FileSetAttr(source_, faHidden | faArchive)) GTEST_SKIP() << "no extended attributes here";
   ASSERT_TRUE(CopyFileTo(source_, dir_ / "copy.txt", true));
   EXPECT_EQ(faHidden | faArchive, FileGetAttr(dir_ / "copy.txt"));
+  struct stat st{};
+  ASSERT_EQ(0, stat((dir_ / "copy.txt").c_str(), &st));
+  EXPECT_EQ(0750u, st.st_mode & 0777);
 }
 
+// An existing file is replaced whole, through a temporary name that does not stay.
 TEST_F(CopyMoveTest, CopyOverwritesOnlyWhenAllowed) {
   const std::string dest = dir_.WriteFile("dest.txt", "old");
   EXPECT_FALSE(CopyFileTo(source_, dest, true));
@@ -51,6 +70,7 @@ TEST_F(CopyMoveTest, CopyOverwritesOnlyWhenAllowed) {
   EXPECT_EQ("old", test::ReadFile(dest));
   EXPECT_TRUE(CopyFileTo(source_, dest, false));
   EXPECT_EQ(contents_, test::ReadFile(dest));
+  EXPECT_EQ((std::vector<std::string>{"dest.txt", "source.txt"}), Names());
 }
 
 // Refused before anything is written; copying a file onto itself would
@@ -76,16 +96,17 @@ TEST_F(CopyMoveTest, CopyRefuses) {
   }
   EXPECT_EQ("old", test::ReadFile(read_only));
   EXPECT_EQ(contents_, test::ReadFile(source_));
-  EXPECT_FALSE(FileExists(dir_ / "copy"));
+  EXPECT_EQ((std::vector<std::string>{"readonly.txt", "source.txt", "sub"}), Names());
 }
 
-TEST_F(CopyMoveTest, MoveRenames) {
-  ASSERT_TRUE(MoveFileTo(source_, dir_ / "moved.txt"));
+TEST_F(CopyMoveTest, MoveRenamesFilesAndDirectories) {
+  ASSERT_TRUE(FileSetAttr(source_, faReadOnly));  // Win32 moves a read-only file too
+  ASSERT_TRUE(MoveFileTo(source_, dir_ / "moved — 你好.txt"));
   EXPECT_FALSE(FileExists(source_));
-  EXPECT_EQ(contents_, test::ReadFile(dir_ / "moved.txt"));
+  EXPECT_EQ(contents_, test::ReadFile(dir_ / "moved — 你好.txt"));
   dir_.WriteFile("sub/inner");
-  ASSERT_TRUE(MoveFileTo(dir_ / "sub", dir_ / "renamed"));
-  EXPECT_TRUE(FileExists(dir_ / "renamed/inner"));
+  ASSERT_TRUE(MoveFileTo(dir_ / "sub", dir_ / "renamed dir"));
+  EXPECT_TRUE(FileExists(dir_ / "renamed dir/inner"));
 }
 
 TEST_F(CopyMoveTest, MoveNeverReplaces) {
@@ -94,6 +115,9 @@ TEST_F(CopyMoveTest, MoveNeverReplaces) {
   EXPECT_EQ(kErrorAlreadyExists, GetLastError());
   EXPECT_EQ("old", test::ReadFile(dest));
   EXPECT_TRUE(FileExists(source_));
+  dir_.MakeDir("empty");
+  EXPECT_FALSE(MoveFileTo(dir_.MakeDir("full"), dir_ / "empty"));
+  EXPECT_EQ(kErrorAlreadyExists, GetLastError());
   EXPECT_FALSE(MoveFileTo(dir_ / "missing", dir_ / "other"));
   EXPECT_EQ(kErrorFileNotFound, GetLastError());
 }

@@ -1,0 +1,310 @@
+#include "actions/files/jxcopymove.h"
+
+#include "platform/attributes.h"
+#include "platform/copymove.h"
+#include "platform/directories.h"
+#include "platform/fileops.h"
+#include "platform/findfile.h"
+#include "platform/lasterror.h"
+#include "rtl/paths.h"
+#include "rtl/strutils.h"
+
+namespace jx {
+
+namespace {
+
+bool HasWildcards(const std::string& spec) { return spec.find_first_of("*?") != std::string::npos; }
+
+bool HasReadOnlyBit(uint32_t attr) { return attr != kInvalidFileAttributes && (attr & faReadOnly); }
+
+}  // namespace
+
+// ---- TCustomCopyFilesAction: properties, description, validation ----
+
+TCustomCopyFilesAction::TCustomCopyFilesAction() { FFailIfZeroFiles = false; }
+
+// The specification is stored through the host's description-key round trip.
+void TCustomCopyFilesAction::SetFileSpec(const std::string& value) { UpdateKeyValue(0, FFileSpec, value); }
+
+std::string TCustomCopyFilesAction::GetDescriptionKeyValue(int) const { return FFileSpec; }
+
+void TCustomCopyFilesAction::SetDescriptionKeyValue(int, const std::string& value) { FFileSpec = value; }
+
+bool TCustomCopyFilesAction::Validate(IJXActionValidationError& errors) {
+  bool valid = true;
+  if (FFileSpec.empty()) {
+    errors.AddError("File Spec", "The file spec has not been set");
+    valid = false;
+  }
+  if (FTarget.empty()) {
+    errors.AddError("Target", "The target file/directory has not been set");
+    valid = false;
+  }
+  return valid;
+}
+
+void TCustomCopyFilesAction::GetHiddenProperties(TStrings& list) const {
+  TJXAction::GetHiddenProperties(list);
+  list.Add("ErrorCount");
+}
+
+void TCustomCopyFilesAction::GetPropertyHelp(TStrings& list) const {
+  TJXAction::GetPropertyHelp(list);
+  list.Add("Force=Use Force Directories to create a directory and all parent directories that do not already exist.");
+  list.Add("FileSpec=The file specification of the files to copy. Wildcards (*, ?) may be used");
+  list.Add("Target=The Destination File or Directory");
+  list.Add("TargetIsDir=Specifies that the Destination Is a Directory");
+  list.Add("FailIfExists=Fail if the target file Exists");
+  list.Add("OverwriteReadOnly=Overwrite Read Only Files");
+  list.Add("Recurse=Resurse Sub Directories");
+  list.Add("ClearAttributes=Clear the copied/moved files attribute flags after the copy/move");
+}
+
+void TCustomCopyFilesAction::GetPropertyAlias(TStrings& list) const {
+  TJXAction::GetPropertyAlias(list);
+  list.Add("[Misc]");
+  list.Add("Force=Force Directories");
+  list.Add("FileSpec=File Specification");
+  list.Add("Target=Destination");
+  list.Add("TargetIsDir=Destination Is Directory");
+  list.Add("FailIfExists=Fail if Exists");
+  list.Add("OverwriteReadOnly=Overwrite Read Only");
+  list.Add("ClearAttributes=Clear Attributes");
+}
+
+// ---- Copy ----
+
+bool TCustomCopyFilesAction::ExpandPaths(const std::string& failure_headline, std::string& spec, std::string& target) {
+  try {
+    spec = Trim(ExpandExpression(FFileSpec, true));
+    if (spec.empty()) return false;
+    target = Trim(ExpandExpression(FTarget, true));
+    return !target.empty();
+  } catch (const std::exception& e) {
+    IJXActionLogMessagePtr block = CreateStatusMessage();
+    block->GetLines().Add(failure_headline + spec);
+    block->GetLines().Add(e.what());
+    SendStatusMessage(block);
+    return false;
+  }
+}
+
+bool TCustomCopyFilesAction::Execute() {
+  FFilesAffected = 0;
+  std::string spec, target;
+  if (!ExpandPaths("Unable to Copy files : ", spec, target)) return false;
+
+  IJXActionLogMessagePtr block = CreateStatusMessage();
+  TStrings& log = block->GetLines();
+  log.Add("Copying files : " + spec + " -> " + target);
+  // The count goes to the log even when an error passes on to the host.
+  const auto send_block = [&] {
+    log.Add(IntToStr(FFilesAffected) + " Files Copied.");
+    SendStatusMessage(block);
+  };
+  bool result = false;
+  try {
+    result = DoRecursiveCopyMove(log, spec, FFilesAffected, target);
+  } catch (...) {
+    send_block();
+    throw;
+  }
+  if (FFailIfZeroFiles && FFilesAffected == 0) result = false;
+  send_block();
+  return result;
+}
+
+bool TCustomCopyFilesAction::DoRecursiveCopyMove(TStrings& log, const std::string& spec, int32_t& count,
+                                                 const std::string& destination) {
+  const bool ok = CopyMatches(log, spec, count, destination);
+  if (FRecurse && ok) CopySubdirectories(log, ExtractFileDir(spec), ExtractFileName(spec), count, destination);
+  return ok;
+}
+
+// Without wildcards only the first match is copied. Every match goes to the
+// same destination file unless the target is a directory.
+bool TCustomCopyFilesAction::CopyMatches(TStrings& log, const std::string& spec, int32_t& count,
+                                         const std::string& destination) {
+  TSearchRec rec;
+  if (FindFirst(spec, faAnyFile, rec) != 0) return true;
+  const bool wild = HasWildcards(spec);
+  const std::string dir = ExtractFileDir(spec);
+  do {
+    if (rec.Attr & faDirectory) continue;
+    const std::string source = dir + PathDelim + rec.Name;
+    const std::string dest =
+        FTargetIsDir ? ExcludeTrailingPathDelimiter(destination) + PathDelim + rec.Name : destination;
+    if (FForce) ForceDirectories(ExtractFileDir(dest));
+    if (!ProcessFile(log, source, dest)) {
+      FindClose(rec);
+      return false;
+    }
+    ++count;
+  } while (wild && FindNext(rec) == 0);
+  FindClose(rec);
+  return true;
+}
+
+// A failure inside a subdirectory is logged there but stops neither its
+// siblings nor the copy as a whole.
+void TCustomCopyFilesAction::CopySubdirectories(TStrings& log, const std::string& dir, const std::string& mask,
+                                                int32_t& count, const std::string& destination) {
+  TSearchRec rec;
+  if (FindFirst(dir + PathDelim + "*", faDirectory, rec) != 0) return;
+  const std::string dest_dir = ExcludeTrailingPathDelimiter(destination);
+  do {
+    if (!(rec.Attr & faDirectory) || rec.Name == "." || rec.Name == "..") continue;
+    DoRecursiveCopyMove(log, dir + PathDelim + rec.Name + PathDelim + mask, count, dest_dir + PathDelim + rec.Name);
+  } while (FindNext(rec) == 0);
+  FindClose(rec);
+}
+
+bool TCustomCopyFilesAction::ProcessFile(TStrings& log, const std::string& source, const std::string& dest) {
+  const auto fail = [&](const std::string& reason) {
+    log.Add("Failed to copy File : " + source + " -> " + dest);
+    log.Add(reason);
+    return false;
+  };
+  if (FFailIfExists && FileExists(dest)) return fail("File Already Exists!");
+  const uint32_t attr = FileGetAttr(dest);
+  if (HasReadOnlyBit(attr)) {
+    if (!FOverwriteReadOnly) return fail("File Already Exists and is marked as Read Only");
+    FileSetAttr(dest, FClearAttributes ? faNormal : attr - faReadOnly);
+  }
+  if (!CopyFileTo(source, dest, FFailIfExists)) return fail("Win32 Error : " + SysErrorMessage(GetLastError()));
+  if (FClearAttributes) FileSetAttr(dest, faNormal);
+  return true;
+}
+
+// ---- TCopyFilesAction ----
+
+std::string TCopyFilesAction::GetQuickHelpFilename() const { return "Plugins\\CopyFiles.html"; }
+
+int TCopyFilesAction::GetHelpTopicID() const { return 554; }
+
+std::string TCopyFilesAction::GetActionName() const { return "Copy File(s)"; }
+
+const TJXClassInfo& TCopyFilesAction::ClassInfo() {
+  using C = TCopyFilesAction;
+  static const TJXClassInfo info = MakeClassInfo<C>(
+      "TCopyFilesAction", TPublished<C>()
+                              .WideString("FileSpec", &C::FileSpec, &C::SetFileSpec)
+                              .WideString("Target", &C::Target, &C::SetTarget)
+                              .WordBool("Force", &C::GetForceDir, &C::SetForceDir)
+                              .WordBool("TargetIsDir", &C::TargetIsDir, &C::SetTargetIsDir)
+                              .WordBool("FailIfExists", &C::FailIfExists, &C::SetFailIfExists)
+                              .WordBool("OverwriteReadOnly", &C::OverwriteReadOnly, &C::SetOverwriteReadOnly)
+                              .WordBool("Recurse", &C::Recurse, &C::SetRecurse)
+                              .WordBool("ClearAttributes", &C::ClearAttributes, &C::SetClearAttributes)
+                              .WordBool("FailIfZeroFiles", &C::FailIfZeroFiles, &C::SetFailIfZeroFiles)
+                              .IntegerResult("FilesAffected", &C::FilesAffected)
+                              .IntegerResult("ErrorCount", &C::ErrorCount)
+                              .Build());
+  return info;
+}
+
+// ---- TMoveFilesAction ----
+
+TMoveFilesAction::TMoveFilesAction() { FStopOnAnyErrors = false; }
+
+std::string TMoveFilesAction::GetQuickHelpFilename() const { return "Plugins\\MoveFiles.html"; }
+
+int TMoveFilesAction::GetHelpTopicID() const { return 555; }
+
+std::string TMoveFilesAction::GetActionName() const { return "Move File(s)"; }
+
+bool TMoveFilesAction::Execute() {
+  FFilesAffected = 0;
+  FErrorCount = 0;
+  std::string spec, target;
+  if (!ExpandPaths(" --> Unable to Move files : ", spec, target)) return false;
+
+  IJXActionLogMessagePtr block = CreateStatusMessage();
+  TStrings& log = block->GetLines();
+  log.Add("Moving files : " + spec + " -> " + target);
+  const bool result = MoveMatches(log, spec, target);
+  log.Add(IntToStr(FFilesAffected) + " Files Moved.");
+  SendStatusMessage(block);
+  return result;
+}
+
+// Moves the files (not directories) of the top directory only. A stop fails
+// the run; failures that do not stop it only count in ErrorCount.
+bool TMoveFilesAction::MoveMatches(TStrings& log, const std::string& spec, const std::string& target) {
+  bool go_on = true;
+  TSearchRec rec;
+  if (FindFirst(spec, faReadOnly | faHidden, rec) == 0) {
+    const std::string dir = ExtractFilePath(spec);
+    do {
+      go_on = MoveOne(log, dir + rec.Name, MoveDestination(target, rec.Name));
+    } while (go_on && FindNext(rec) == 0);
+    FindClose(rec);
+  }
+  if (!go_on) return false;
+  return !(FFailIfZeroFiles && FFilesAffected == 0);
+}
+
+std::string TMoveFilesAction::MoveDestination(const std::string& target, const std::string& name) {
+  if (!FTargetIsDir) return target;
+  if (FForce) ForceDirectories(target);
+  return IncludeTrailingPathDelimiter(target) + name;
+}
+
+// Moves one file; false when the run must stop. A file moved onto itself is
+// not deleted first, so the move then fails on the existing name.
+bool TMoveFilesAction::MoveOne(TStrings& log, const std::string& source, const std::string& dest) {
+  const auto log_failure = [&](const std::string& reason) {
+    log.Add(" --> Error Moving File : " + source + " -> " + dest);
+    log.Add(" --> " + reason);
+  };
+  const bool exists = FileExists(dest);
+  const bool same = source == dest;
+  if (FStopOnAnyErrors && !FileExists(source)) {
+    log_failure("Source File Does not exist");
+    return false;
+  }
+  if (FFailIfExists && exists) {
+    log_failure("The target File exists and \"Fail if Exists\" is checked");
+    return false;
+  }
+  if (exists && HasReadOnlyBit(FileGetAttr(dest))) {
+    if (!FOverwriteReadOnly) {
+      log_failure("The target File is marked \"Read Only\"");
+      return false;
+    }
+    FileSetAttr(dest, faNormal);
+  }
+  if (exists && !same && !RemoveFile(dest) && FStopOnAnyErrors) {
+    log_failure(SysErrorMessage(GetLastError()));
+    return false;
+  }
+  if (!MoveFileTo(source, dest)) {
+    log_failure(SysErrorMessage(GetLastError()));
+    ++FErrorCount;
+    return !FStopOnAnyErrors;
+  }
+  if (FClearAttributes) FileSetAttr(dest, faNormal);
+  ++FFilesAffected;
+  return true;
+}
+
+const TJXClassInfo& TMoveFilesAction::ClassInfo() {
+  using C = TMoveFilesAction;
+  static const TJXClassInfo info = MakeClassInfo<C>(
+      "TMoveFilesAction", TPublished<C>()
+                              .WideString("FileSpec", &C::FileSpec, &C::SetFileSpec)
+                              .WideString("Target", &C::Target, &C::SetTarget)
+                              .WordBool("Force", &C::GetForceDir, &C::SetForceDir)
+                              .WordBool("TargetIsDir", &C::TargetIsDir, &C::SetTargetIsDir)
+                              .WordBool("FailIfExists", &C::FailIfExists, &C::SetFailIfExists)
+                              .WordBool("OverwriteReadOnly", &C::OverwriteReadOnly, &C::SetOverwriteReadOnly)
+                              .WordBool("ClearAttributes", &C::ClearAttributes, &C::SetClearAttributes)
+                              .WordBool("FailIfZeroFiles", &C::FailIfZeroFiles, &C::SetFailIfZeroFiles)
+                              .IntegerResult("FilesAffected", &C::FilesAffected)
+                              .IntegerResult("ErrorCount", &C::ErrorCount)
+                              .Boolean("StopOnAnyErrors", &C::StopOnAnyErrors, &C::SetStopOnAnyErrors)
+                              .Build());
+  return info;
+}
+
+}  // namespace jx
