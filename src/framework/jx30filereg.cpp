@@ -3,6 +3,9 @@
 #include <string>
 
 #include "actions/files/bactions2.h"
+#include "actions/interactive/jxdatetimeaction.h"
+#include "actions/iterators/jxfileiterator.h"
+#include "actions/iterators/jxfolderiteratoraction.h"
 #include "framework/jxeditors.h"
 #include "framework/jxpages.h"
 #include "framework/jxregistryreg.h"
@@ -21,6 +24,12 @@ constexpr const char* kFilesAndDirectories = "Files & Directories";
 const std::vector<TCatalogueRow>& RowsBeforeRegistry() {
   static const std::vector<TCatalogueRow> rows = {
       {&TDeleteFilesAction::ClassInfo, "Delete File(s)", kFilesAndDirectories, "HDELETE_FILE", {"TDeleteFilesFrame"}, {}},
+      {&TFileIterator::ClassInfo, nullptr, "Iterators", "HFILEITERATOR", {"TFileIteratorFrame"},
+       [](TCustomJXAction& a) { dynamic_cast<TCustomFileIterator&>(a).Reset(); }},
+      {&TFolderIterator::ClassInfo, nullptr, "Iterators", "FOLDERITERATOR", {"TFolderIteratorFrame"},
+       [](TCustomJXAction& a) { dynamic_cast<TCustomFolderIterator&>(a).Reset(); }},
+      // The palette's name differs from the action's own "Get DateTime".
+      {&TDateTimeAction::ClassInfo, "Get Date/Time", "Misc", "HDATETIME", {"TGetDateTimeFrame"}, {}},
   };
   return rows;
 }
@@ -58,6 +67,9 @@ const std::vector<TEditorRow>& EditorRows() {
 const std::vector<TClassRef>& PageOrder() {
   static const std::vector<TClassRef> order = {
       &TDeleteFilesAction::ClassInfo,
+      &TFileIterator::ClassInfo,
+      &TFolderIterator::ClassInfo,
+      &TDateTimeAction::ClassInfo,
   };
   return order;
 }

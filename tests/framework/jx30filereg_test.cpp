@@ -6,6 +6,8 @@
 #include <map>
 #include <memory>
 
+#include "actions/iterators/jxfileiterator.h"
+#include "actions/iterators/jxfolderiteratoraction.h"
 #include "framework/jxaction.h"
 #include "framework/jxregistration.h"
 
@@ -42,9 +44,11 @@ struct RecordingServices : IJXActionServices, IJXScriptingServices, IJXOptionsSe
     Calls.push_back("Editor " + cls->ClassName + "." + property);
   }
   void RegisterScriptMethod(TJXActionClass cls, const std::string& name, const std::vector<std::string>&,
-                            TScriptMethod) override {
+                            TScriptMethod method) override {
     Calls.push_back("Method " + cls->ClassName + "." + name);
+    Methods[cls->ClassName + "." + name] = method;
   }
+  std::map<std::string, TScriptMethod> Methods;
   void RegisterScriptConstant(const std::string& name, const Variant& value) override {
     Constants.emplace_back(name, value);
     Calls.push_back("Constant " + name);
@@ -181,6 +185,28 @@ TEST_F(RegistrationTest, DeleteFilesRowAndItsEditors) {
   }
   EXPECT_EQ((std::vector<std::string>{"FileSpec:TFileNameEditEx", "Target:TFileNameEditEx"}), delete_editors);
   EXPECT_EQ("Details", services.Pages["TDeleteFilesAction"].at(0)->PageName);
+}
+
+// The iterators offer "Reset" to scripts right after their own row; it
+// forgets the loop's position.
+TEST_F(RegistrationTest, IteratorsRegisterTheirResetMethod) {
+  Register(false);
+  for (const std::string cls : {"TFileIterator", "TFolderIterator"}) {
+    auto at = std::find(services.Calls.begin(), services.Calls.end(), "Action " + cls);
+    ASSERT_NE(services.Calls.end(), at);
+    EXPECT_EQ("Method " + cls + ".Reset", *(at + 1));
+  }
+  TFileIterator files;
+  TFolderIterator folders;
+  int next = 0;
+  files.GetNextActionSource(nssAfterExecute, next);
+  folders.GetNextActionSource(nssAfterExecute, next);
+  ASSERT_EQ(2, files.FileIndex());
+  ASSERT_EQ(2, folders.FolderIndex());
+  services.Methods["TFileIterator.Reset"](files);
+  services.Methods["TFolderIterator.Reset"](folders);
+  EXPECT_EQ(1, files.FileIndex());
+  EXPECT_EQ(1, folders.FolderIndex());
 }
 
 TEST_F(RegistrationTest, WithoutDesignNoEditorsAndNoPages) {
