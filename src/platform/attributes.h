@@ -25,7 +25,7 @@ uint32_t FileGetAttr(const std::string& path);
 // Sets read-only, hidden, system and archive from `attr` (other bits are
 // ignored). False and the last error on failure; on a file system without
 // extended attributes, changing hidden, system or archive fails with
-// kErrorNotSupported.
+// kErrorNotSupported. A name starting with '.' stays hidden whatever `attr` says.
 bool FileSetAttr(const std::string& path, uint32_t attr);
 
 }  // namespace jx

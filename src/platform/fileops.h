@@ -9,11 +9,12 @@ namespace jx {
 
 bool FileExists(const std::string& path);       // a file (not a directory) exists
 bool DirectoryExists(const std::string& path);
-// Deletes a file. A read-only file is refused with kErrorAccessDenied, as on
-// Win32, whoever runs the process.
+// Deletes a file (a symbolic link itself, not its target). A read-only file
+// and a directory are refused with kErrorAccessDenied, as on Win32, whoever
+// runs the process.
 bool RemoveFile(const std::string& path);
 
-std::string GetCurrentDir();
+std::string GetCurrentDir();  // "" and the last error on failure
 bool SetCurrentDir(const std::string& path);
 
 }  // namespace jx

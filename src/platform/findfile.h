@@ -14,7 +14,7 @@
 
 namespace jx {
 
-struct TSearchState;  // backend-specific open search
+struct TSearchState;  // an open search
 
 struct TSearchRec {
   std::string Name;        // the entry's name, without its directory
@@ -26,15 +26,20 @@ struct TSearchRec {
 };
 
 // 0 and the first match in `rec`, or an OS error code (kErrorFileNotFound when
-// the directory holds no match, kErrorPathNotFound when it does not exist).
+// the directory holds no match, kErrorPathNotFound when it does not exist),
+// which is also the last error. Entries come in the order the OS lists them;
+// a pattern without directory part searches the current directory.
 int FindFirst(const std::string& pattern, uint32_t attr, TSearchRec& rec);
 // 0 and the next match, or kErrorNoMoreFiles.
 int FindNext(TSearchRec& rec);
+// Releases the search; harmless after a failed search or a second time.
 void FindClose(TSearchRec& rec);
 
 // Win32 wildcard rules: '*' matches any run, '?' any one character (or none at
-// the end of the name); "*.*" matches every name; a trailing ".*" also matches
-// a name without extension. Case-sensitive on POSIX, not on Windows.
+// the end of the name or before a '.'); "*.*" matches every name; a trailing
+// ".*" also matches a name without extension ("foo.*" matches "foo"), and a
+// trailing "." matches names without any '.' ("*." matches "Makefile").
+// Case-sensitive on POSIX, not on Windows.
 bool MatchesMask(std::string_view name, std::string_view mask);
 
 }  // namespace jx

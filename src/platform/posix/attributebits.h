@@ -1,0 +1,42 @@
+// POSIX backend: how a file's state maps to the faXxx bits. Directory and
+// read-only come from the mode; hidden also from a leading '.' in the name;
+// hidden, system and archive are stored in the extended attribute
+// "user.DOSATTRIB" as "0x" + hex.
+#pragma once
+
+#include <sys/stat.h>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "platform/attributes.h"
+
+namespace jx::posix {
+
+inline constexpr char kDosAttribName[] = "user.DOSATTRIB";
+inline constexpr uint32_t kStoredBits = faHidden | faSysFile | faArchive;
+
+// True for ".name"; "." and ".." are not hidden.
+bool HasHiddenName(std::string_view name);
+// The last component of a path ("a/.b/" -> ".b").
+std::string_view LastComponent(std::string_view path);
+
+uint32_t ModeAttributes(mode_t mode);  // faDirectory, faReadOnly
+mode_t ModeWithReadOnly(mode_t mode, bool read_only);
+
+// The stored bits of `path`: 0 without the extended attribute, or where the
+// file system has none.
+uint32_t StoredAttributes(const char* path);
+// Stores `bits` (hidden, system, archive), removing the attribute for 0.
+bool WriteStoredAttributes(const char* path, uint32_t bits);
+
+// Everything a path or directory entry reports: the bits above, faNormal
+// when none is set.
+uint32_t AttributesOf(const struct stat& st, std::string_view name, const char* path);
+
+// The text form of the stored bits, and back (0 for anything else).
+std::string FormatDosAttrib(uint32_t bits);
+uint32_t ParseDosAttrib(std::string_view text);
+
+}  // namespace jx::posix

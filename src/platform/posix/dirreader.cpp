@@ -1,0 +1,78 @@
+// POSIX backend: only calls of the POSIX systems we build for (Linux with
+// glibc) live here; portable logic belongs above, in src/platform.
+//
+// The directory reader behind find-first/find-next: readdir gives names and
+// the file type; the mode, times and extended attribute are read only for the
+// entries the search asks about.
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include "platform/backend.h"
+#include "platform/posix/attributebits.h"
+#include "platform/posix/errors.h"
+
+namespace jx::backend {
+
+class DirReader {
+ public:
+  DirReader(DIR* dir, std::string prefix) : dir_(dir), path_(std::move(prefix)), prefix_size_(path_.size()) {}
+  ~DirReader() { closedir(dir_); }
+  DirReader(const DirReader&) = delete;
+  DirReader& operator=(const DirReader&) = delete;
+
+  DIR* Dir() const { return dir_; }
+  // The entry's path, for the calls that take one; reuses one buffer.
+  const char* PathOf(std::string_view name) {
+    path_.resize(prefix_size_);
+    path_.append(name);
+    return path_.c_str();
+  }
+
+ private:
+  DIR* dir_;
+  std::string path_;
+  size_t prefix_size_;
+};
+
+void DirReaderCloser::operator()(DirReader* reader) const { delete reader; }
+
+DirReaderPtr OpenDirReader(const std::string& dir) {
+  DIR* handle = opendir(dir.empty() ? "." : dir.c_str());
+  if (!handle) {
+    posix::FailWith(errno == ENOTDIR ? static_cast<int>(kErrorPathNotFound) : errno);
+    return nullptr;
+  }
+  std::string prefix = dir;
+  if (!prefix.empty() && prefix.back() != '/') prefix += '/';
+  return DirReaderPtr(new DirReader(handle, std::move(prefix)));
+}
+
+bool ReadDirEntry(DirReader& reader, RawDirEntry& entry) {
+  errno = 0;
+  const dirent* found = readdir(reader.Dir());
+  if (!found) return posix::FailWith(errno != 0 ? errno : static_cast<int>(kErrorNoMoreFiles));
+  entry = RawDirEntry{};
+  entry.name = found->d_name;
+  if (found->d_type == DT_DIR) entry.attr |= faDirectory;
+  if (posix::HasHiddenName(entry.name)) entry.attr |= faHidden;
+  return true;
+}
+
+// Follows symbolic links like stat; a dangling link reports the link itself.
+bool ReadEntryDetails(DirReader& reader, RawDirEntry& entry) {
+  const char* name = entry.name.data();  // readdir's text, NUL-terminated
+  const int dir_fd = dirfd(reader.Dir());
+  struct stat st;
+  if (fstatat(dir_fd, name, &st, 0) != 0 && fstatat(dir_fd, name, &st, AT_SYMLINK_NOFOLLOW) != 0) {
+    return posix::FailWithErrno();
+  }
+  entry.attr = posix::AttributesOf(st, entry.name, reader.PathOf(entry.name));
+  entry.size = S_ISDIR(st.st_mode) ? 0 : st.st_size;
+  entry.mtime_seconds = st.st_mtim.tv_sec;
+  entry.mtime_nanoseconds = static_cast<int32_t>(st.st_mtim.tv_nsec);
+  return true;
+}
+
+}  // namespace jx::backend

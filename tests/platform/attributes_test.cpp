@@ -1,0 +1,122 @@
+// The POSIX mapping of attributes: mode bits and the "user.DOSATTRIB"
+// extended attribute, checked on the file itself.
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+#include <sys/xattr.h>
+
+#include <cerrno>
+
+#include "platform/attributes.h"
+#include "platform/lasterror.h"
+#include "support/tempdir.h"
+
+namespace jx {
+namespace {
+
+mode_t ModeOf(const std::string& path) {
+  struct stat st{};
+  stat(path.c_str(), &st);
+  return st.st_mode & 07777;
+}
+
+// The stored text, or "<none>" when the extended attribute is absent.
+std::string StoredText(const std::string& path) {
+  char value[64];
+  const ssize_t size = getxattr(path.c_str(), "user.DOSATTRIB", value, sizeof value);
+  return size >= 0 ? std::string(value, static_cast<size_t>(size)) : "<none>";
+}
+
+bool HasExtendedAttributes(const std::string& path) {
+  return setxattr(path.c_str(), "user.jxprobe", "1", 1, 0) == 0 || errno != ENOTSUP;
+}
+
+class AttributesTest : public ::testing::Test {
+ protected:
+  test::TempDir dir_;
+  const std::string file_ = dir_.WriteFile("file.txt");
+};
+
+TEST_F(AttributesTest, ReadOnlyIsTheOwnersWriteBit) {
+  ASSERT_EQ(0, chmod(file_.c_str(), 0666));
+  EXPECT_EQ(faNormal, FileGetAttr(file_));
+  ASSERT_TRUE(FileSetAttr(file_, faReadOnly));
+  EXPECT_EQ(0444u, ModeOf(file_));
+  EXPECT_EQ(faReadOnly, FileGetAttr(file_));
+  ASSERT_TRUE(FileSetAttr(file_, faNormal));
+  EXPECT_EQ(0644u, ModeOf(file_));
+  ASSERT_EQ(0, chmod(file_.c_str(), 0466));  // others may write, the owner may not
+  EXPECT_EQ(faReadOnly, FileGetAttr(file_));
+}
+
+TEST_F(AttributesTest, FlagsAreStoredAsHexText) {
+  if (!HasExtendedAttributes(file_)) GTEST_SKIP() << "no extended attributes on the temporary file system";
+  const struct {
+    uint32_t attr;
+    const char* stored;
+  } cases[] = {
+      {faHidden, "0x2"},
+      {faSysFile | faArchive, "0x24"},
+      {faHidden | faSysFile | faArchive | faReadOnly, "0x26"},
+      {faArchive | faDirectory | faVolumeID, "0x20"},
+      {faNormal, "<none>"},
+  };
+  for (const auto& c : cases) {
+    ASSERT_TRUE(FileSetAttr(file_, c.attr)) << c.stored;
+    EXPECT_EQ(c.stored, StoredText(file_));
+    const uint32_t settable = c.attr & (faReadOnly | faHidden | faSysFile | faArchive);
+    EXPECT_EQ(settable != 0 ? settable : faNormal, FileGetAttr(file_)) << c.stored;
+  }
+}
+
+TEST_F(AttributesTest, ForeignStoredBitsAreIgnored) {
+  if (!HasExtendedAttributes(file_)) GTEST_SKIP() << "no extended attributes on the temporary file system";
+  const struct {
+    std::string stored;
+    uint32_t attr;
+  } cases[] = {
+      {"0x21", faArchive},  // read-only comes from the mode, not from here
+      {std::string("0x2\0", 4), faHidden},
+      {"0X4", faSysFile},
+      {"junk", faNormal},
+      {"0x", faNormal},
+  };
+  for (const auto& c : cases) {
+    ASSERT_EQ(0, setxattr(file_.c_str(), "user.DOSATTRIB", c.stored.data(), c.stored.size(), 0));
+    EXPECT_EQ(c.attr, FileGetAttr(file_)) << c.stored;
+  }
+}
+
+TEST_F(AttributesTest, DotNamesAreHiddenByName) {
+  const std::string dotted = dir_.WriteFile(".dotted");
+  EXPECT_EQ(faHidden, FileGetAttr(dotted));
+  ASSERT_TRUE(FileSetAttr(dotted, faHidden | faReadOnly));
+  EXPECT_EQ("<none>", StoredText(dotted));
+  ASSERT_TRUE(FileSetAttr(dotted, 0));
+  EXPECT_EQ(faHidden, FileGetAttr(dotted));
+}
+
+TEST_F(AttributesTest, Directories) {
+  const std::string sub = dir_.MakeDir("sub");
+  EXPECT_EQ(faDirectory, FileGetAttr(sub));
+  EXPECT_EQ(faDirectory, FileGetAttr(sub + "/"));
+  EXPECT_EQ(faDirectory, FileGetAttr(sub + "/."));
+  ASSERT_TRUE(FileSetAttr(sub, faReadOnly));
+  EXPECT_EQ(faDirectory | faReadOnly, FileGetAttr(sub));
+}
+
+TEST_F(AttributesTest, SymbolicLinksAreFollowed) {
+  ASSERT_TRUE(FileSetAttr(file_, faReadOnly));
+  ASSERT_EQ(0, symlink(file_.c_str(), (dir_ / "link").c_str()));
+  EXPECT_EQ(faReadOnly, FileGetAttr(dir_ / "link"));
+}
+
+TEST_F(AttributesTest, MissingPath) {
+  EXPECT_EQ(kInvalidFileAttributes, FileGetAttr(dir_ / "missing"));
+  EXPECT_EQ(kErrorFileNotFound, GetLastError());
+  EXPECT_FALSE(FileSetAttr(dir_ / "missing", faReadOnly));
+  EXPECT_EQ(kErrorFileNotFound, GetLastError());
+}
+
+}  // namespace
+}  // namespace jx

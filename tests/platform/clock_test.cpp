@@ -1,0 +1,81 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <ctime>
+#include <optional>
+
+#include "platform/clock.h"
+
+namespace jx {
+namespace {
+
+// Central European time, spelled as a rule so that no time zone database is
+// needed: UTC+1, and UTC+2 from the last Sunday of March to that of October.
+constexpr char kCentralEurope[] = "CET-1CEST,M3.5.0,M10.5.0/3";
+
+class ClockTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    if (const char* tz = std::getenv("TZ")) saved_tz_ = tz;
+    setenv("TZ", kCentralEurope, 1);
+    tzset();
+  }
+  void TearDown() override {
+    if (saved_tz_) {
+      setenv("TZ", saved_tz_->c_str(), 1);
+    } else {
+      unsetenv("TZ");
+    }
+    tzset();
+  }
+
+ private:
+  std::optional<std::string> saved_tz_;
+};
+
+constexpr double kMillisecond = 1.0 / 86400000.0;
+
+TEST_F(ClockTest, UnixTimeToLocalAndBack) {
+  const struct {
+    int64_t unix_seconds;
+    TDateTime local;
+  } cases[] = {
+      {0, EncodeDateTime(1970, 1, 1, 1, 0, 0, 0)},
+      {1609459200, EncodeDateTime(2021, 1, 1, 1, 0, 0, 0)},      // 2021-01-01 00:00 UTC, winter
+      {1625140800, EncodeDateTime(2021, 7, 1, 14, 0, 0, 0)},     // 2021-07-01 12:00 UTC, summer
+      {1616893199, EncodeDateTime(2021, 3, 28, 1, 59, 59, 0)},   // the second before clocks go forward
+      {1616893200, EncodeDateTime(2021, 3, 28, 3, 0, 0, 0)},
+      {-86400, EncodeDateTime(1969, 12, 31, 1, 0, 0, 0)},
+      {4102444800, EncodeDateTime(2100, 1, 1, 1, 0, 0, 0)},
+  };
+  for (const auto& c : cases) {
+    EXPECT_NEAR(c.local, UnixTimeToLocal(c.unix_seconds), kMillisecond / 10) << c.unix_seconds;
+    EXPECT_EQ(c.unix_seconds, LocalToUnixTime(c.local)) << c.unix_seconds;
+  }
+}
+
+TEST_F(ClockTest, FractionsOfASecond) {
+  EXPECT_NEAR(EncodeDateTime(2021, 7, 1, 14, 0, 0, 250), UnixTimeToLocal(1625140800, 250000000), kMillisecond / 10);
+  EXPECT_EQ(1625140800, LocalToUnixTime(UnixTimeToLocal(1625140800, 999000000)));
+}
+
+TEST_F(ClockTest, NowHasWholeMilliseconds) {
+  const TDateTime before = UnixTimeToLocal(std::time(nullptr));
+  const TDateTime now = Now();
+  const TDateTime after = UnixTimeToLocal(std::time(nullptr) + 1);
+  EXPECT_LE(before, now);
+  EXPECT_LT(now, after);
+  const double ms = (now - std::floor(now)) * 86400000.0;
+  EXPECT_NEAR(std::round(ms), ms, 0.01);
+}
+
+TEST_F(ClockTest, DateIsTodayAtMidnight) {
+  const TDateTime today = Date();
+  EXPECT_EQ(std::floor(today), today);
+  EXPECT_LE(today, Now());
+  EXPECT_LT(Now() - today, 1.0 + kMillisecond);
+}
+
+}  // namespace
+}  // namespace jx

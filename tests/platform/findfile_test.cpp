@@ -1,0 +1,126 @@
+#include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "platform/attributes.h"
+#include "platform/clock.h"
+#include "platform/fileops.h"
+#include "platform/findfile.h"
+#include "platform/lasterror.h"
+#include "support/tempdir.h"
+
+namespace jx {
+namespace {
+
+// A directory with one entry of each kind a search filters on.
+class FindFileTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    dir_.WriteFile("plain.txt", "hello");
+    dir_.WriteFile(".dotted");
+    dir_.WriteFile("readonly.txt");
+    dir_.MakeDir("sub");
+    ASSERT_TRUE(FileSetAttr(dir_ / "readonly.txt", faReadOnly));
+    if (!FileSetAttr(dir_.WriteFile("flagged.txt"), faHidden) || !FileSetAttr(dir_.WriteFile("system.bin"), faSysFile)) {
+      GTEST_SKIP() << "the temporary file system has no extended attributes (error " << GetLastError() << ")";
+    }
+  }
+
+  // The names a search yields, sorted: the OS decides their order.
+  std::vector<std::string> Names(const std::string& mask, uint32_t attr) {
+    std::vector<std::string> names;
+    TSearchRec rec;
+    for (int rc = FindFirst(dir_ / mask, attr, rec); rc == 0; rc = FindNext(rec)) names.push_back(rec.Name);
+    FindClose(rec);
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+
+  TSearchRec FindOne(const std::string& name, uint32_t attr = faAnyFile) {
+    TSearchRec rec;
+    EXPECT_EQ(0, FindFirst(dir_ / name, attr, rec)) << name;
+    FindClose(rec);
+    return rec;
+  }
+
+  test::TempDir dir_;
+};
+
+using NameList = std::vector<std::string>;
+
+TEST_F(FindFileTest, AttributeMaskAdmitsAsWin32Does) {
+  EXPECT_EQ((NameList{"plain.txt", "readonly.txt"}), Names("*", 0));
+  EXPECT_EQ((NameList{".dotted", "flagged.txt", "plain.txt", "readonly.txt"}), Names("*", faReadOnly | faHidden));
+  EXPECT_EQ((NameList{".", "..", "plain.txt", "readonly.txt", "sub"}), Names("*", faDirectory));
+  EXPECT_EQ((NameList{".", "..", ".dotted", "flagged.txt", "plain.txt", "readonly.txt", "sub", "system.bin"}),
+            Names("*.*", faAnyFile));
+}
+
+TEST_F(FindFileTest, MaskSelectsNames) {
+  EXPECT_EQ((NameList{"flagged.txt", "plain.txt", "readonly.txt"}), Names("*.txt", faAnyFile));
+  EXPECT_EQ((NameList{".", "..", "sub"}), Names("*.", faAnyFile));
+  EXPECT_EQ((NameList{"plain.txt"}), Names("plain.txt", 0));
+  EXPECT_EQ((NameList{}), Names(".dotted", 0));
+}
+
+TEST_F(FindFileTest, RecordDescribesTheEntry) {
+  const TSearchRec plain = FindOne("plain.txt");
+  EXPECT_EQ("plain.txt", plain.Name);
+  EXPECT_EQ(faNormal, plain.Attr);
+  EXPECT_EQ(5, plain.Size);
+  EXPECT_EQ(faReadOnly, FindOne("readonly.txt").Attr);
+  EXPECT_EQ(faHidden, FindOne(".dotted").Attr);
+  EXPECT_EQ(faSysFile, FindOne("system.bin").Attr);
+  const TSearchRec sub = FindOne("sub");
+  EXPECT_EQ(faDirectory, sub.Attr);
+  EXPECT_EQ(0, sub.Size);
+}
+
+TEST_F(FindFileTest, TimeIsTheLocalLastWriteTime) {
+  const timespec times[2] = {{1600000000, 0}, {1600000000, 250000000}};
+  ASSERT_EQ(0, utimensat(AT_FDCWD, (dir_ / "plain.txt").c_str(), times, 0));
+  EXPECT_DOUBLE_EQ(UnixTimeToLocal(1600000000, 250000000), FindOne("plain.txt").Time);
+}
+
+TEST_F(FindFileTest, EndsWithNoMoreFiles) {
+  TSearchRec rec;
+  ASSERT_EQ(0, FindFirst(dir_ / "plain.txt", 0, rec));
+  EXPECT_EQ(static_cast<int>(kErrorNoMoreFiles), FindNext(rec));
+  EXPECT_EQ(kErrorNoMoreFiles, GetLastError());
+  FindClose(rec);
+  FindClose(rec);
+}
+
+TEST_F(FindFileTest, NoMatchIsFileNotFound) {
+  TSearchRec rec;
+  EXPECT_EQ(static_cast<int>(kErrorFileNotFound), FindFirst(dir_ / "*.none", faAnyFile, rec));
+  EXPECT_EQ(kErrorFileNotFound, GetLastError());
+  EXPECT_EQ(static_cast<int>(kErrorNoMoreFiles), FindNext(rec));
+  FindClose(rec);
+}
+
+TEST_F(FindFileTest, MissingDirectoryIsPathNotFound) {
+  for (const char* pattern : {"missing/*", "plain.txt/*"}) {
+    TSearchRec rec;
+    EXPECT_EQ(static_cast<int>(kErrorPathNotFound), FindFirst(dir_ / pattern, faAnyFile, rec)) << pattern;
+    EXPECT_EQ(kErrorPathNotFound, GetLastError()) << pattern;
+  }
+}
+
+TEST_F(FindFileTest, PatternWithoutDirectorySearchesTheCurrentOne) {
+  const std::string previous = GetCurrentDir();
+  ASSERT_TRUE(SetCurrentDir(dir_.Path()));
+  TSearchRec rec;
+  const int rc = FindFirst("plain.*", 0, rec);
+  FindClose(rec);
+  ASSERT_TRUE(SetCurrentDir(previous));
+  EXPECT_EQ(0, rc);
+  EXPECT_EQ("plain.txt", rec.Name);
+}
+
+}  // namespace
+}  // namespace jx
