@@ -8,6 +8,10 @@
 #include <string>
 #include <string_view>
 
+namespace jx {
+struct TLocaleTimeInfo;  // platform/localeinfo.h
+}  // namespace jx
+
 namespace jx::backend {
 
 // Whether file names differ by letter case (wildcard matching follows it).
@@ -57,5 +61,12 @@ int64_t UtcOffsetAt(int64_t unix_seconds);
 // 1970-01-01 00:00 local; a reading that daylight saving time makes ambiguous
 // or skips is resolved as the C library's mktime does.
 int64_t LocalWallToUnix(int64_t local_seconds);
+
+// --- Locale ---------------------------------------------------------------
+
+// The time conventions of the user's locale, without changing the process's
+// own locale. False for the "C"/"POSIX" locale and when the user's locale
+// cannot be read.
+bool ReadLocaleTimeInfo(TLocaleTimeInfo& info);
 
 }  // namespace jx::backend

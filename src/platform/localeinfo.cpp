@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <utility>
 
+#include "platform/backend.h"
+
 namespace jx {
 
 namespace {
@@ -147,7 +149,7 @@ void CopyNames(std::array<std::string, N>& to, const std::array<std::string, N>&
 
 TFormatSettings ReadLocaleSettings() {
   TLocaleTimeInfo info;
-  return GetLocaleTimeInfo(info) ? FormatSettingsFromLocale(info) : ClassicFormatSettings();
+  return backend::ReadLocaleTimeInfo(info) ? FormatSettingsFromLocale(info) : ClassicFormatSettings();
 }
 
 }  // namespace

@@ -21,11 +21,6 @@ struct TLocaleTimeInfo {
   std::array<std::string, 7> DayNames, ShortDayNames;        // Sunday first
 };
 
-// Backend: the time conventions of the user's locale, without changing the
-// process's own locale. False for the "C"/"POSIX" locale and when the
-// user's locale cannot be read.
-bool GetLocaleTimeInfo(TLocaleTimeInfo& info);
-
 // The FormatDateTime pattern of a strftime format: "%d.%m.%Y" with date
 // separator '.' gives "dd/mm/yyyy". `separator` becomes `separator_token`
 // ('/' or ':'); other literal text that the pattern would read is quoted.

@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <optional>
 
+#include "platform/backend.h"
+
 namespace jx {
 namespace {
 
@@ -90,7 +92,7 @@ TEST_F(LocaleEnvironment, ClassicAndUnknownLocalesGiveNothing) {
   TLocaleTimeInfo info;
   for (const char* name : {"C", "POSIX", "C.UTF-8", "xx_NOWHERE.UTF-8"}) {
     setenv("LC_ALL", name, 1);
-    EXPECT_FALSE(GetLocaleTimeInfo(info)) << name;
+    EXPECT_FALSE(backend::ReadLocaleTimeInfo(info)) << name;
   }
 }
 

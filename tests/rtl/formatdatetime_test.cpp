@@ -5,19 +5,22 @@
 namespace jx {
 namespace {
 
-// Sunday 15 November 2026, 14:05:09.007.
-const TDateTime kAfternoon = EncodeDateTime(2026, 11, 15, 14, 5, 9, 7);
-// Saturday 3 February 2001, midnight.
-const TDateTime kMidnight = EncodeDateTime(2001, 2, 3, 0, 0, 0, 0);
-// Friday 31 December 1999, 09:04:03.250.
-const TDateTime kMorning = EncodeDateTime(1999, 12, 31, 9, 4, 3, 250);
-const TDateTime kNoon = EncodeDateTime(2026, 11, 15, 12, 30, 0, 0);
-const TDateTime kAfterMidnight = EncodeDateTime(2026, 11, 15, 0, 7, 0, 0);
-const TDateTime kHalfSecondPastMidnight = EncodeDateTime(2001, 2, 3, 0, 0, 0, 500);
+// A moment by its parts; encoded when a test runs, not at static initialisation.
+struct Moment {
+  int Year, Month, Day, Hour, Minute, Second, MilliSecond;
+  TDateTime Value() const { return EncodeDateTime(Year, Month, Day, Hour, Minute, Second, MilliSecond); }
+};
+
+constexpr Moment kAfternoon{2026, 11, 15, 14, 5, 9, 7};  // a Sunday
+constexpr Moment kMidnight{2001, 2, 3, 0, 0, 0, 0};      // a Saturday
+constexpr Moment kMorning{1999, 12, 31, 9, 4, 3, 250};   // a Friday
+constexpr Moment kNoon{2026, 11, 15, 12, 30, 0, 0};
+constexpr Moment kAfterMidnight{2026, 11, 15, 0, 7, 0, 0};
+constexpr Moment kHalfSecondPastMidnight{2001, 2, 3, 0, 0, 0, 500};
 
 struct Row {
   const char* Format;
-  TDateTime Value;
+  Moment When;
   const char* Expected;
 };
 
@@ -75,7 +78,7 @@ const Row kClassicRows[] = {
 
 TEST(FormatDateTime, ClassicSettings) {
   for (const Row& row : kClassicRows) {
-    EXPECT_EQ(row.Expected, FormatDateTime(row.Format, row.Value, ClassicFormatSettings())) << row.Format;
+    EXPECT_EQ(row.Expected, FormatDateTime(row.Format, row.When.Value(), ClassicFormatSettings())) << row.Format;
   }
 }
 
@@ -103,7 +106,7 @@ const Row kLocaleRows[] = {
 TEST(FormatDateTime, SeparatorsAndFormatsComeFromTheSettings) {
   const TFormatSettings german = GermanSettings();
   for (const Row& row : kLocaleRows) {
-    EXPECT_EQ(row.Expected, FormatDateTime(row.Format, row.Value, german)) << row.Format;
+    EXPECT_EQ(row.Expected, FormatDateTime(row.Format, row.When.Value(), german)) << row.Format;
   }
 }
 
@@ -111,8 +114,8 @@ TEST(FormatDateTime, AFormatNamingItselfExpandsOnceOnly) {
   TFormatSettings s = ClassicFormatSettings();
   s.ShortDateFormat = "ddddd dd";
   s.LongTimeFormat = "tt";
-  EXPECT_EQ(" 15", FormatDateTime("ddddd", kAfternoon, s));
-  EXPECT_EQ(" 15 ", FormatDateTime("c", kAfternoon, s));
+  EXPECT_EQ(" 15", FormatDateTime("ddddd", kAfternoon.Value(), s));
+  EXPECT_EQ(" 15 ", FormatDateTime("c", kAfternoon.Value(), s));
 }
 
 }  // namespace

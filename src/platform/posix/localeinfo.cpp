@@ -1,7 +1,9 @@
-// POSIX backend of the locale query. Only calls of the C library's locale
-// functions live here (newlocale, nl_langinfo_l, iconv); turning what they
-// give into format settings is portable code in platform/localeinfo.cpp.
-#include "platform/localeinfo.h"
+// POSIX backend: only calls of the POSIX systems we build for (Linux with
+// glibc) live here; portable logic belongs above, in src/platform.
+//
+// The locale query: the C library's locale functions (newlocale,
+// nl_langinfo_l, iconv). Turning what they give into format settings is
+// portable code in platform/localeinfo.cpp.
 
 #include <iconv.h>
 #include <langinfo.h>
@@ -10,7 +12,10 @@
 #include <cstdlib>
 #include <cstring>
 
-namespace jx {
+#include "platform/backend.h"
+#include "platform/localeinfo.h"
+
+namespace jx::backend {
 
 namespace {
 
@@ -71,7 +76,7 @@ void ReadNames(const LocaleTexts& text, TLocaleTimeInfo& info) {
 }  // namespace
 
 // A locale object of its own, so the process's global locale stays as it is.
-bool GetLocaleTimeInfo(TLocaleTimeInfo& info) {
+bool ReadLocaleTimeInfo(TLocaleTimeInfo& info) {
   const std::string name = TimeLocaleName();
   if (IsClassicLocale(name)) return false;
   // The texts come in the code set of the same locale's LC_CTYPE.
@@ -88,4 +93,4 @@ bool GetLocaleTimeInfo(TLocaleTimeInfo& info) {
   return true;
 }
 
-}  // namespace jx
+}  // namespace jx::backend
