@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "rtl/datetime.h"
+
 namespace jx {
 struct TLocaleTimeInfo;  // platform/localeinfo.h
 }  // namespace jx
@@ -57,10 +59,10 @@ bool ReadEntryDetails(DirReader& reader, RawDirEntry& entry);
 void ReadUtcClock(int64_t& seconds, int32_t& nanoseconds);
 // Seconds east of UTC of the local time zone at a point in time.
 int64_t UtcOffsetAt(int64_t unix_seconds);
-// The point in time of a local wall-clock reading given in seconds since
-// 1970-01-01 00:00 local; a reading that daylight saving time makes ambiguous
-// or skips is resolved as the C library's mktime does.
-int64_t LocalWallToUnix(int64_t local_seconds);
+// The point in time, in whole seconds, of a local date and time (milliseconds
+// ignored); a reading that daylight saving time makes ambiguous or skips is
+// resolved as the C library's mktime does.
+int64_t LocalPartsToUnix(const TDateTimeParts& local);
 
 // --- Locale ---------------------------------------------------------------
 

@@ -33,6 +33,10 @@ bool PatternHasChar(std::string_view pattern, size_t at, std::string_view ch) {
   return pattern.compare(at, ch.size(), ch) == 0;
 }
 
+bool SameName(std::string_view a, std::string_view b) {
+  return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), SameChar);
+}
+
 // Adds the states reachable without consuming a character: past a '*', and
 // past a '?' where the name is at a '.' or at its end.
 void FollowEmptyMatches(std::string_view pattern, uint8_t* states, bool at_dot_or_end) {
@@ -88,24 +92,52 @@ bool EndsWith(std::string_view s, std::string_view suffix) {
 
 }  // namespace
 
-WildcardMask::WildcardMask(std::string_view mask) : pattern_(mask) {
-  matches_all_ = mask == "*.*" || (!mask.empty() && mask.find_first_not_of('*') == std::string_view::npos);
+WildcardMask::Pattern::Pattern(std::string_view text) {
+  const size_t wildcard = text.find_first_of("*?");
+  if (text == "*.*" || (!text.empty() && text.find_first_not_of('*') == std::string_view::npos)) {
+    shape_ = Shape::kEverything;
+  } else if (wildcard == std::string_view::npos) {
+    shape_ = Shape::kExact;
+    text_ = text;
+  } else if (text[0] == '*' && text.find_first_of("*?", 1) == std::string_view::npos) {
+    shape_ = Shape::kSuffix;
+    text_ = text.substr(1);
+  } else {
+    shape_ = Shape::kGeneral;
+    text_ = text;
+  }
+}
+
+bool WildcardMask::Pattern::Matches(std::string_view name) const {
+  switch (shape_) {
+    case Shape::kEverything:
+      return true;
+    case Shape::kExact:
+      return SameName(name, text_);
+    case Shape::kSuffix:
+      return name.size() >= text_.size() && SameName(name.substr(name.size() - text_.size()), text_);
+    case Shape::kGeneral:
+      break;
+  }
+  return MatchesPattern(text_, name);
+}
+
+WildcardMask::WildcardMask(std::string_view mask) : main_(mask) {
   if (EndsWith(mask, ".*")) {
     has_bare_ = true;
-    bare_ = mask.substr(0, mask.size() - 2);
+    bare_ = Pattern(mask.substr(0, mask.size() - 2));
   } else if (EndsWith(mask, ".") && mask != "." && mask != "..") {
     has_bare_ = true;
     bare_needs_no_dot_ = true;
-    bare_ = mask.substr(0, mask.find_last_not_of('.') + 1);
+    bare_ = Pattern(mask.substr(0, mask.find_last_not_of('.') + 1));
   }
 }
 
 bool WildcardMask::Matches(std::string_view name) const {
-  if (matches_all_) return true;
-  if (MatchesPattern(pattern_, name)) return true;
+  if (main_.Matches(name)) return true;
   if (!has_bare_) return false;
   if (bare_needs_no_dot_ && name.find('.') != std::string_view::npos) return false;
-  return MatchesPattern(bare_, name);
+  return bare_.Matches(name);
 }
 
 bool MatchesMask(std::string_view name, std::string_view mask) { return WildcardMask(mask).Matches(name); }

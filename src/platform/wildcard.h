@@ -13,13 +13,24 @@ class WildcardMask {
   bool Matches(std::string_view name) const;
 
  private:
-  std::string pattern_;
-  bool matches_all_ = false;  // "*", "*.*"
+  // One pattern, with the shapes most masks take recognised up front.
+  class Pattern {
+   public:
+    explicit Pattern(std::string_view text);
+    bool Matches(std::string_view name) const;
+
+   private:
+    enum class Shape { kEverything, kExact, kSuffix, kGeneral };
+    Shape shape_;
+    std::string text_;  // for kSuffix, the part after the leading '*'
+  };
+
+  Pattern main_;
   // The pattern a name without extension may match instead: "foo.*" -> "foo",
   // "*." -> "*" (the latter only for names without any '.').
   bool has_bare_ = false;
   bool bare_needs_no_dot_ = false;
-  std::string bare_;
+  Pattern bare_{""};
 };
 
 }  // namespace jx

@@ -68,16 +68,20 @@ TEST_F(FindFileTest, MaskSelectsNames) {
 }
 
 TEST_F(FindFileTest, RecordDescribesTheEntry) {
-  const TSearchRec plain = FindOne("plain.txt");
-  EXPECT_EQ("plain.txt", plain.Name);
-  EXPECT_EQ(faNormal, plain.Attr);
-  EXPECT_EQ(5, plain.Size);
-  EXPECT_EQ(faReadOnly, FindOne("readonly.txt").Attr);
-  EXPECT_EQ(faHidden, FindOne(".dotted").Attr);
-  EXPECT_EQ(faSysFile, FindOne("system.bin").Attr);
-  const TSearchRec sub = FindOne("sub");
-  EXPECT_EQ(faDirectory, sub.Attr);
-  EXPECT_EQ(0, sub.Size);
+  const struct {
+    const char* name;
+    uint32_t attr;
+    int64_t size;
+  } cases[] = {
+      {"plain.txt", faNormal, 5}, {"readonly.txt", faReadOnly, 0}, {".dotted", faHidden, 0},
+      {"system.bin", faSysFile, 0}, {"sub", faDirectory, 0},
+  };
+  for (const auto& c : cases) {
+    const TSearchRec rec = FindOne(c.name);
+    EXPECT_EQ(c.name, rec.Name);
+    EXPECT_EQ(c.attr, rec.Attr) << c.name;
+    EXPECT_EQ(c.size, rec.Size) << c.name;
+  }
 }
 
 TEST_F(FindFileTest, TimeIsTheLocalLastWriteTime) {
@@ -86,20 +90,15 @@ TEST_F(FindFileTest, TimeIsTheLocalLastWriteTime) {
   EXPECT_DOUBLE_EQ(UnixTimeToLocal(1600000000, 250000000), FindOne("plain.txt").Time);
 }
 
-TEST_F(FindFileTest, EndsWithNoMoreFiles) {
+TEST_F(FindFileTest, EndsWithNoMoreFilesAndNoMatchIsFileNotFound) {
   TSearchRec rec;
   ASSERT_EQ(0, FindFirst(dir_ / "plain.txt", 0, rec));
   EXPECT_EQ(static_cast<int>(kErrorNoMoreFiles), FindNext(rec));
   EXPECT_EQ(kErrorNoMoreFiles, GetLastError());
-  FindClose(rec);
-  FindClose(rec);
-}
-
-TEST_F(FindFileTest, NoMatchIsFileNotFound) {
-  TSearchRec rec;
   EXPECT_EQ(static_cast<int>(kErrorFileNotFound), FindFirst(dir_ / "*.none", faAnyFile, rec));
   EXPECT_EQ(kErrorFileNotFound, GetLastError());
   EXPECT_EQ(static_cast<int>(kErrorNoMoreFiles), FindNext(rec));
+  FindClose(rec);
   FindClose(rec);
 }
 

@@ -27,6 +27,7 @@ const MaskCase kMaskCases[] = {
     {"a.c", "a?c", true},
     {"x.TXT", "*.txt", false},  // case matters on POSIX
     {"x.txt", "*.txt", true},
+    {"makefile", "Makefile", false},
     {"x.txt.bak", "*.txt", false},
     {"Makefile", "*.", true},
     {"a.txt", "*.", false},

@@ -30,22 +30,16 @@ int64_t UtcOffsetAt(int64_t unix_seconds) {
   return localtime_r(&point, &local) ? local.tm_gmtoff : 0;
 }
 
-// mktime normalises out-of-range fields, so the reading can be handed over as
-// "day 1 + N of January 1970, S seconds" without splitting it into a date.
-int64_t LocalWallToUnix(int64_t local_seconds) {
-  constexpr int64_t kSecondsPerDay = 86400;
-  int64_t days = local_seconds / kSecondsPerDay;
-  int64_t seconds = local_seconds % kSecondsPerDay;
-  if (seconds < 0) {
-    seconds += kSecondsPerDay;
-    --days;
-  }
-  tm local{};
-  local.tm_year = 70;
-  local.tm_mday = static_cast<int>(1 + days);
-  local.tm_sec = static_cast<int>(seconds);
-  local.tm_isdst = -1;
-  return mktime(&local);
+int64_t LocalPartsToUnix(const TDateTimeParts& local) {
+  tm fields{};
+  fields.tm_year = local.Year - 1900;
+  fields.tm_mon = local.Month - 1;
+  fields.tm_mday = local.Day;
+  fields.tm_hour = local.Hour;
+  fields.tm_min = local.Minute;
+  fields.tm_sec = local.Second;
+  fields.tm_isdst = -1;
+  return mktime(&fields);
 }
 
 }  // namespace jx::backend
