@@ -19,5 +19,5 @@ make_files() {
 
 # mean_of JSON: the mean time in seconds of the first command of a hyperfine export.
 mean_of() {
-  grep -m1 '"mean"' "$1" | sed 's/[^0-9.e-]//g'
+  grep -m1 '"mean"' "$1" | sed -E 's/.*"mean": *([0-9.eE+-]+).*/\1/'
 }

@@ -1,6 +1,7 @@
 #include "actions/iterators/jxfileiterator.h"
 
 #include <exception>
+#include <vector>
 
 #include "platform/attributes.h"
 #include "platform/findfile.h"
@@ -116,25 +117,51 @@ bool TCustomFileIterator::SetCurrentFile() {
 // The files of the specification's directory in the order the file system
 // gives them, then, depth first, those of each subdirectory.
 void TCustomFileIterator::PopulateFileList(const std::string& spec) {
+  if (FRecurse) {
+    AddFilesOfTree(spec);
+  } else {
+    AddMatchingFiles(spec);
+  }
+}
+
+void TCustomFileIterator::AddFile(const std::string& dir, const std::string& name) {
+  FState.Items.Add(FIncludeFilePath ? dir + name : name);
+}
+
+// Normal, read-only and archive files; hidden and system files, directories
+// and volume labels stay out.
+void TCustomFileIterator::AddMatchingFiles(const std::string& spec) {
   const std::string dir = ExtractFilePath(spec);
   TSearchRec rec;
-  // Normal, read-only and archive files; hidden and system files, directories
-  // and volume labels stay out.
-  if (FindFirst(spec, faReadOnly | faArchive, rec) == 0) {
-    do {
-      FState.Items.Add(FIncludeFilePath ? dir + rec.Name : rec.Name);
-    } while (FindNext(rec) == 0);
-    FindClose(rec);
-  }
-  if (!FRecurse) return;
+  if (FindFirst(spec, faReadOnly | faArchive, rec) != 0) return;
+  do {
+    AddFile(dir, rec.Name);
+  } while (FindNext(rec) == 0);
+  FindClose(rec);
+}
+
+// Each directory is read once, for its matching files and its subdirectories
+// alike: examining an entry's attributes is what a search costs, and a search
+// for the files followed by one for the subdirectories would examine every
+// file twice. Hidden and system directories are not entered.
+void TCustomFileIterator::AddFilesOfTree(const std::string& spec) {
+  const std::string dir = ExtractFilePath(spec);
   const std::string mask = ExtractFileName(spec);
-  if (FindFirst(dir + "*.*", faDirectory, rec) == 0) {
+  std::vector<std::string> subdirs;
+  TSearchRec rec;
+  if (FindFirst(dir + "*.*", faDirectory | faReadOnly | faArchive, rec) == 0) {
     do {
-      if ((rec.Attr & faDirectory) && FRecurse && rec.Name != "." && rec.Name != "..") {
-        PopulateFileList(dir + rec.Name + PathDelim + mask);
+      if (!(rec.Attr & faDirectory)) {
+        if (MatchesMask(rec.Name, mask)) AddFile(dir, rec.Name);
+      } else if (rec.Name != "." && rec.Name != "..") {
+        subdirs.push_back(rec.Name);
       }
     } while (FindNext(rec) == 0);
     FindClose(rec);
+  }
+  for (const std::string& name : subdirs) {
+    if (!FRecurse) break;
+    AddFilesOfTree(dir + name + PathDelim + mask);
   }
 }
 
