@@ -12,14 +12,14 @@ if ! command -v "$compiler" >/dev/null; then
   exit 1
 fi
 
-mapfile -t sources < <(
+mapfile -t sources < <({
   find src/rtl src/platform src/framework -maxdepth 1 -name '*.cpp'
   find src/actions -name '*.cpp'
-)
-mapfile -t headers < <(
+} | sort)
+mapfile -t headers < <({
   find src/rtl src/platform src/framework -maxdepth 1 -name '*.h'
   find src/actions -name '*.h'
-)
+} | sort)
 posix_include='^[[:space:]]*#[[:space:]]*include[[:space:]]*<(unistd\.h|sys/[^>]*|dirent\.h|fcntl\.h)>'
 
 failures=0

@@ -7,7 +7,7 @@
 
 namespace jx {
 
-bool FileExists(const std::string& path);       // a file (not a directory) exists
+bool FileExists(const std::string& path);  // a file (not a directory) exists
 bool DirectoryExists(const std::string& path);
 // Deletes a file (a symbolic link itself, not its target). A read-only file
 // and a directory are refused with kErrorAccessDenied, as on Win32, whoever

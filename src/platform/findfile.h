@@ -17,10 +17,10 @@ namespace jx {
 struct TSearchState;  // an open search
 
 struct TSearchRec {
-  std::string Name;        // the entry's name, without its directory
-  uint32_t Attr = 0;       // faXxx bits
-  int64_t Size = 0;        // bytes; 0 for directories
-  TDateTime Time = 0;      // last write time, local
+  std::string Name;          // the entry's name, without its directory
+  uint32_t Attr = 0;         // faXxx bits
+  int64_t Size = 0;          // bytes; 0 for directories
+  TDateTime Time = 0;        // last write time, local
   uint32_t ExcludeAttr = 0;  // the special bits (hidden, system, directory) not admitted
   std::shared_ptr<TSearchState> FindHandle;
 };

@@ -22,12 +22,12 @@ std::string SysErrorMessage(uint32_t code);
 // ENODATA, so that the end of a search is never mistaken for a real error.
 extern const uint32_t kErrorFileNotFound;
 extern const uint32_t kErrorPathNotFound;
-extern const uint32_t kErrorAccessDenied;    // also: read-only file or directory
+extern const uint32_t kErrorAccessDenied;  // also: read-only file or directory
 extern const uint32_t kErrorAlreadyExists;
 extern const uint32_t kErrorDirNotEmpty;
-extern const uint32_t kErrorNotSameDevice;   // a move across file systems
-extern const uint32_t kErrorNoMoreFiles;     // a search has no (further) match
-extern const uint32_t kErrorNotSupported;    // e.g. attribute bits without extended attributes
+extern const uint32_t kErrorNotSameDevice;  // a move across file systems
+extern const uint32_t kErrorNoMoreFiles;    // a search has no (further) match
+extern const uint32_t kErrorNotSupported;   // e.g. attribute bits without extended attributes
 extern const uint32_t kErrorInvalidName;
 
 }  // namespace jx

@@ -43,8 +43,8 @@ TEST_F(ClockTest, UnixTimeToLocalAndBack) {
     TDateTime local;
   } cases[] = {
       {0, 0, EncodeDateTime(1970, 1, 1, 1, 0, 0, 0)},
-      {1609459200, 0, EncodeDateTime(2021, 1, 1, 1, 0, 0, 0)},       // 2021-01-01 00:00 UTC, winter
-      {1625140800, 250000000, EncodeDateTime(2021, 7, 1, 14, 0, 0, 250)},  // summer
+      {1609459200, 0, EncodeDateTime(2021, 1, 1, 1, 0, 0, 0)},               // winter
+      {1625140800, 250000000, EncodeDateTime(2021, 7, 1, 14, 0, 0, 250)},    // summer
       {1616893199, 999000000, EncodeDateTime(2021, 3, 28, 1, 59, 59, 999)},  // before clocks go forward
       {1616893200, 0, EncodeDateTime(2021, 3, 28, 3, 0, 0, 0)},
       {-86400, 0, EncodeDateTime(1969, 12, 31, 1, 0, 0, 0)},

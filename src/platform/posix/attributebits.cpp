@@ -32,9 +32,7 @@ uint32_t ModeAttributes(mode_t mode) {
   return attr;
 }
 
-mode_t ModeWithReadOnly(mode_t mode, bool read_only) {
-  return read_only ? mode & ~kAllWriteBits : mode | S_IWUSR;
-}
+mode_t ModeWithReadOnly(mode_t mode, bool read_only) { return read_only ? mode & ~kAllWriteBits : mode | S_IWUSR; }
 
 uint32_t StoredAttributes(const char* path) {
   char value[64];
