@@ -132,8 +132,11 @@ TEST_F(FileIteratorTest, NamesKeepTheDirectoryPartAsWritten) {
   EXPECT_EQ((Lines{"x.txt"}), seen);
 }
 
-TEST_F(FileIteratorTest, CoupledOptions) {
+TEST_F(FileIteratorTest, CoupledOptionsAndHiddenResults) {
   TFileIterator a;
+  TStringList hidden;
+  a.GetHiddenProperties(hidden);
+  EXPECT_EQ((Lines{"FileIndex", "FileCount"}), hidden.Lines());
   EXPECT_FALSE(a.Recurse());
   EXPECT_TRUE(a.IncludeFilePath());
   a.SetRecurse(true);
@@ -186,15 +189,6 @@ TEST_F(FileIteratorTest, AVariableThatCannotBeSetFailsTheAction) {
   EXPECT_EQ(TJXActionStatus::asFailed, it.GetActionStatus());
   EXPECT_EQ((Lines{"Error Setting Variable", "--> Variable is read-only"}),
             Lines(refusing.Lines.end() - 2, refusing.Lines.end()));
-}
-
-TEST_F(FileIteratorTest, Descriptions) {
-  EXPECT_EQ("File Iterator", it.GetActionName());
-  EXPECT_EQ("Plugins\\FileIterator.html", it.GetQuickHelpFilename());
-  EXPECT_EQ(950, it.GetHelpTopicID());
-  TStringList hidden;
-  it.GetHiddenProperties(hidden);
-  EXPECT_EQ((Lines{"FileIndex", "FileCount"}), hidden.Lines());
 }
 
 }  // namespace
