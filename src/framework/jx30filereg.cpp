@@ -10,6 +10,9 @@
 #include "actions/files/jxmovedirectoryaction.h"
 #include "actions/files/jxrenamedirectoryaction.h"
 #include "actions/files/jxtouchfile.h"
+#include "actions/interactive/jxdatetimeaction.h"
+#include "actions/iterators/jxfileiterator.h"
+#include "actions/iterators/jxfolderiteratoraction.h"
 #include "framework/jxeditors.h"
 #include "framework/jxpages.h"
 #include "framework/jxregistryreg.h"
@@ -37,7 +40,13 @@ const std::vector<TCatalogueRow>& RowsBeforeRegistry() {
       {&TMoveFilesAction::ClassInfo, "Move File(s)", kFilesAndDirectories, "HMOVEFILES", {"TMoveFrame"}, {}},
       {&TSetFileAttributesAction::ClassInfo, "Set File Attributes", kFilesAndDirectories, "HSETFILEATTRIB",
        {"TFileAttributeFrame"}, {}},
+      {&TFileIterator::ClassInfo, nullptr, "Iterators", "HFILEITERATOR", {"TFileIteratorFrame"},
+       [](TCustomJXAction& a) { dynamic_cast<TCustomFileIterator&>(a).Reset(); }},
+      {&TFolderIterator::ClassInfo, nullptr, "Iterators", "FOLDERITERATOR", {"TFolderIteratorFrame"},
+       [](TCustomJXAction& a) { dynamic_cast<TCustomFolderIterator&>(a).Reset(); }},
       {&TTouchFilesAction::ClassInfo, "Touch File(s)", kFilesAndDirectories, "HTOUCHFILES", {"TTouchFrame"}, {}},
+      // The palette's name differs from the action's own "Get DateTime".
+      {&TDateTimeAction::ClassInfo, "Get Date/Time", "Misc", "HDATETIME", {"TGetDateTimeFrame"}, {}},
   };
   return rows;
 }
@@ -102,12 +111,15 @@ const std::vector<TPageStep>& PageOrder() {
       &TDeleteDirectoryAction::ClassInfo,
       &TDeleteFilesAction::ClassInfo,
       &TSetFileAttributesAction::ClassInfo,
+      &TFileIterator::ClassInfo,
+      &TFolderIterator::ClassInfo,
       &TMoveFilesAction::ClassInfo,
       &TTouchFilesAction::ClassInfo,
       &TCopyFilesAction::ClassInfo,
       &TCreateDirectoryAction::ClassInfo,
       &TSetVariableAction::ClassInfo,
       &TRenameDirAction::ClassInfo,
+      &TDateTimeAction::ClassInfo,
   };
   return order;
 }
