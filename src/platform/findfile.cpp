@@ -10,12 +10,13 @@
 namespace jx {
 
 struct TSearchState {
-  TSearchState(backend::DirReaderPtr dir_reader, std::string_view mask_text, uint32_t exclude)
-      : reader(std::move(dir_reader)), mask(mask_text), exclude_attr(exclude) {}
+  TSearchState(backend::DirReaderPtr dir_reader, std::string_view mask_text, uint32_t exclude, TFindDetail wanted)
+      : reader(std::move(dir_reader)), mask(mask_text), exclude_attr(exclude), detail(wanted) {}
 
   backend::DirReaderPtr reader;
   WildcardMask mask;
   uint32_t exclude_attr;
+  TFindDetail detail;
 };
 
 namespace {
@@ -24,18 +25,18 @@ namespace {
 // read-only and archive always are.
 uint32_t ExcludedBy(uint32_t attr) { return ~attr & (faHidden | faSysFile | faDirectory); }
 
-void Fill(TSearchRec& rec, const backend::RawDirEntry& entry) {
+void Fill(TSearchRec& rec, const backend::RawDirEntry& entry, TFindDetail detail) {
   rec.Name.assign(entry.name);
   rec.Attr = entry.attr;
   rec.Size = entry.size;
-  rec.Time = UnixTimeToLocal(entry.mtime_seconds, entry.mtime_nanoseconds);
+  rec.Time = detail == TFindDetail::Full ? UnixTimeToLocal(entry.mtime_seconds, entry.mtime_nanoseconds) : 0;
 }
 
 // The bits the reader knows up front already rule most entries out, so
 // details are read only for entries that may be admitted.
 bool Admits(TSearchState& search, backend::RawDirEntry& entry) {
   if (!search.mask.Matches(entry.name) || (entry.attr & search.exclude_attr)) return false;
-  return backend::ReadEntryDetails(*search.reader, entry) && !(entry.attr & search.exclude_attr);
+  return backend::ReadEntryDetails(*search.reader, entry, search.detail) && !(entry.attr & search.exclude_attr);
 }
 
 // 0 and the next admitted entry in `rec`; else `exhausted` when the directory
@@ -45,7 +46,7 @@ int NextMatch(TSearchRec& rec, int exhausted) {
   backend::RawDirEntry entry;
   while (backend::ReadDirEntry(*search.reader, entry)) {
     if (Admits(search, entry)) {
-      Fill(rec, entry);
+      Fill(rec, entry, search.detail);
       return 0;
     }
   }
@@ -57,12 +58,12 @@ int NextMatch(TSearchRec& rec, int exhausted) {
 
 }  // namespace
 
-int FindFirst(const std::string& pattern, uint32_t attr, TSearchRec& rec) {
+int FindFirst(const std::string& pattern, uint32_t attr, TSearchRec& rec, TFindDetail detail) {
   FindClose(rec);
   rec.ExcludeAttr = ExcludedBy(attr);
   backend::DirReaderPtr reader = backend::OpenDirReader(ExtractFilePath(pattern));
   if (!reader) return static_cast<int>(GetLastError());
-  rec.FindHandle = std::make_shared<TSearchState>(std::move(reader), ExtractFileName(pattern), rec.ExcludeAttr);
+  rec.FindHandle = std::make_shared<TSearchState>(std::move(reader), ExtractFileName(pattern), rec.ExcludeAttr, detail);
   const int result = NextMatch(rec, static_cast<int>(kErrorFileNotFound));
   if (result != 0) FindClose(rec);
   return result;

@@ -25,11 +25,17 @@ struct TSearchRec {
   std::shared_ptr<TSearchState> FindHandle;
 };
 
+// How much of each match a search reports. Full fills every field; Kind fills
+// Name and, of Attr, only the directory, hidden, system and archive bits (the
+// ones the attribute mask filters on), leaving Size and Time 0: a caller that
+// needs no more spares the backend a further call per entry.
+enum class TFindDetail { Full, Kind };
+
 // 0 and the first match in `rec`, or an OS error code (kErrorFileNotFound when
 // the directory holds no match, kErrorPathNotFound when it does not exist),
 // which is also the last error. Entries come in the order the OS lists them;
 // a pattern without directory part searches the current directory.
-int FindFirst(const std::string& pattern, uint32_t attr, TSearchRec& rec);
+int FindFirst(const std::string& pattern, uint32_t attr, TSearchRec& rec, TFindDetail detail = TFindDetail::Full);
 // 0 and the next match, or kErrorNoMoreFiles.
 int FindNext(TSearchRec& rec);
 // Releases the search; harmless after a failed search or a second time.

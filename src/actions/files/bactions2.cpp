@@ -87,7 +87,7 @@ bool TCustomDeleteFilesAction::Execute() {
 // the first file that cannot be deleted.
 bool TCustomDeleteFilesAction::DeleteMatches(const std::string& spec, TStrings& log, int32_t& deleted) {
   TSearchRec rec;
-  if (FindFirst(spec, faReadOnly | faHidden, rec) != 0) return true;
+  if (FindFirst(spec, faReadOnly | faHidden, rec, TFindDetail::Kind) != 0) return true;
   const std::string dir = ExtractFilePath(spec);
   bool result = true;
   do {

@@ -133,7 +133,7 @@ void TCustomFileIterator::AddFile(const std::string& dir, const std::string& nam
 void TCustomFileIterator::AddMatchingFiles(const std::string& spec) {
   const std::string dir = ExtractFilePath(spec);
   TSearchRec rec;
-  if (FindFirst(spec, faReadOnly | faArchive, rec) != 0) return;
+  if (FindFirst(spec, faReadOnly | faArchive, rec, TFindDetail::Kind) != 0) return;
   do {
     AddFile(dir, rec.Name);
   } while (FindNext(rec) == 0);
@@ -149,7 +149,7 @@ void TCustomFileIterator::AddFilesOfTree(const std::string& spec) {
   const std::string mask = ExtractFileName(spec);
   std::vector<std::string> subdirs;
   TSearchRec rec;
-  if (FindFirst(dir + "*.*", faDirectory | faReadOnly | faArchive, rec) == 0) {
+  if (FindFirst(dir + "*.*", faDirectory | faReadOnly | faArchive, rec, TFindDetail::Kind) == 0) {
     do {
       if (!(rec.Attr & faDirectory)) {
         if (MatchesMask(rec.Name, mask)) AddFile(dir, rec.Name);

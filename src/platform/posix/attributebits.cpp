@@ -35,9 +35,16 @@ uint32_t ModeAttributes(mode_t mode) {
 mode_t ModeWithReadOnly(mode_t mode, bool read_only) { return read_only ? mode & ~kAllWriteBits : mode | S_IWUSR; }
 
 uint32_t StoredAttributes(const char* path) {
+  uint32_t bits = 0;
+  ReadStoredAttributes(path, bits);
+  return bits;
+}
+
+bool ReadStoredAttributes(const char* path, uint32_t& bits) {
   char value[64];
   const ssize_t size = getxattr(path, kDosAttribName, value, sizeof value);
-  return size > 0 ? ParseDosAttrib(std::string_view(value, static_cast<size_t>(size))) : 0;
+  bits = size > 0 ? ParseDosAttrib(std::string_view(value, static_cast<size_t>(size))) : 0;
+  return size >= 0 || errno != ENOENT || FailWithErrno();
 }
 
 bool WriteStoredAttributes(const char* path, uint32_t bits) {

@@ -28,6 +28,8 @@ mode_t ModeWithReadOnly(mode_t mode, bool read_only);
 // The stored bits of `path`: 0 without the extended attribute, or where the
 // file system has none.
 uint32_t StoredAttributes(const char* path);
+// The same, but false and the last error when `path` no longer exists.
+bool ReadStoredAttributes(const char* path, uint32_t& bits);
 // Stores `bits` (hidden, system, archive), removing the attribute for 0.
 bool WriteStoredAttributes(const char* path, uint32_t bits);
 

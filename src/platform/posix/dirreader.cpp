@@ -2,8 +2,8 @@
 // glibc) live here; portable logic belongs above, in src/platform.
 //
 // The directory reader behind find-first/find-next: readdir gives names and
-// the file type; the mode, times and extended attribute are read only for the
-// entries the search asks about.
+// the file type; the extended attribute, and the mode and times when the
+// search wants them, are read only for the entries the search asks about.
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -23,6 +23,9 @@ class DirReader {
   DirReader& operator=(const DirReader&) = delete;
 
   DIR* Dir() const { return dir_; }
+  // Whether readdir's type of the last entry settles whether it is a
+  // directory; a symbolic link's target or an unreported type does not.
+  bool kind_known = false;
   // The entry's path, for the calls that take one; reuses one buffer.
   const char* PathOf(std::string_view name) {
     path_.resize(prefix_size_);
@@ -57,11 +60,16 @@ bool ReadDirEntry(DirReader& reader, RawDirEntry& entry) {
   entry.name = found->d_name;
   if (found->d_type == DT_DIR) entry.attr |= faDirectory;
   if (posix::HasHiddenName(entry.name)) entry.attr |= faHidden;
+  reader.kind_known = found->d_type != DT_LNK && found->d_type != DT_UNKNOWN;
   return true;
 }
 
+namespace {
+
+constexpr uint32_t kKindBits = faDirectory | posix::kStoredBits;
+
 // Follows symbolic links like stat; a dangling link reports the link itself.
-bool ReadEntryDetails(DirReader& reader, RawDirEntry& entry) {
+bool ReadStatus(DirReader& reader, RawDirEntry& entry) {
   const char* name = entry.name.data();  // readdir's text, NUL-terminated
   const int dir_fd = dirfd(reader.Dir());
   struct stat st;
@@ -72,6 +80,24 @@ bool ReadEntryDetails(DirReader& reader, RawDirEntry& entry) {
   entry.size = S_ISDIR(st.st_mode) ? 0 : st.st_size;
   entry.mtime_seconds = st.st_mtim.tv_sec;
   entry.mtime_nanoseconds = static_cast<int32_t>(st.st_mtim.tv_nsec);
+  return true;
+}
+
+// The kind without the mode: readdir's type and the stored bits.
+bool ReadKind(DirReader& reader, RawDirEntry& entry) {
+  uint32_t stored = 0;
+  if (!posix::ReadStoredAttributes(reader.PathOf(entry.name), stored)) return false;
+  entry.attr |= stored;
+  return true;
+}
+
+}  // namespace
+
+bool ReadEntryDetails(DirReader& reader, RawDirEntry& entry, TFindDetail detail) {
+  if (detail == TFindDetail::Full) return ReadStatus(reader, entry);
+  if (reader.kind_known) return ReadKind(reader, entry);
+  if (!ReadStatus(reader, entry)) return false;
+  entry = RawDirEntry{entry.name, entry.attr & kKindBits};
   return true;
 }
 
