@@ -28,8 +28,9 @@ mode_t ModeWithReadOnly(mode_t mode, bool read_only);
 // The stored bits of `path`: 0 without the extended attribute, or where the
 // file system has none.
 uint32_t StoredAttributes(const char* path);
-// The same, but false and the last error when `path` no longer exists.
-bool ReadStoredAttributes(const char* path, uint32_t& bits);
+// The stored bits of the entry `name` of the open directory `dir_fd`, which
+// `path` names too; false and the last error when it no longer exists.
+bool ReadStoredAttributesAt(int dir_fd, const char* name, const char* path, uint32_t& bits);
 // Stores `bits` (hidden, system, archive), removing the attribute for 0.
 bool WriteStoredAttributes(const char* path, uint32_t bits);
 

@@ -86,7 +86,8 @@ bool ReadStatus(DirReader& reader, RawDirEntry& entry) {
 // The kind without the mode: readdir's type and the stored bits.
 bool ReadKind(DirReader& reader, RawDirEntry& entry) {
   uint32_t stored = 0;
-  if (!posix::ReadStoredAttributes(reader.PathOf(entry.name), stored)) return false;
+  const char* name = entry.name.data();  // readdir's text, NUL-terminated
+  if (!posix::ReadStoredAttributesAt(dirfd(reader.Dir()), name, reader.PathOf(entry.name), stored)) return false;
   entry.attr |= stored;
   return true;
 }
