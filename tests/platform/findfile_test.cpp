@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <vector>
@@ -31,18 +32,18 @@ class FindFileTest : public ::testing::Test {
   }
 
   // The names a search yields, sorted: the OS decides their order.
-  std::vector<std::string> Names(const std::string& mask, uint32_t attr) {
+  std::vector<std::string> Names(const std::string& mask, uint32_t attr, TFindDetail detail = TFindDetail::Full) {
     std::vector<std::string> names;
     TSearchRec rec;
-    for (int rc = FindFirst(dir_ / mask, attr, rec); rc == 0; rc = FindNext(rec)) names.push_back(rec.Name);
+    for (int rc = FindFirst(dir_ / mask, attr, rec, detail); rc == 0; rc = FindNext(rec)) names.push_back(rec.Name);
     FindClose(rec);
     std::sort(names.begin(), names.end());
     return names;
   }
 
-  TSearchRec FindOne(const std::string& name, uint32_t attr = faAnyFile) {
+  TSearchRec FindOne(const std::string& name, TFindDetail detail = TFindDetail::Full) {
     TSearchRec rec;
-    EXPECT_EQ(0, FindFirst(dir_ / name, attr, rec)) << name;
+    EXPECT_EQ(0, FindFirst(dir_ / name, faAnyFile, rec, detail)) << name;
     FindClose(rec);
     return rec;
   }
@@ -88,6 +89,35 @@ TEST_F(FindFileTest, TimeIsTheLocalLastWriteTime) {
   const timespec times[2] = {{1600000000, 0}, {1600000000, 250000000}};
   ASSERT_EQ(0, utimensat(AT_FDCWD, (dir_ / "plain.txt").c_str(), times, 0));
   EXPECT_DOUBLE_EQ(UnixTimeToLocal(1600000000, 250000000), FindOne("plain.txt").Time);
+}
+
+// The kind comes from the directory entry and the stored bits; a link is
+// followed to tell whether it leads to a directory.
+TEST_F(FindFileTest, KindDetailReportsTheBitsTheMaskFiltersOn) {
+  ASSERT_EQ(0, symlink("sub", (dir_ / "linked").c_str()));
+  ASSERT_EQ(0, symlink("nowhere", (dir_ / "dangling").c_str()));
+  ASSERT_TRUE(FileSetAttr(dir_.WriteFile("archived.txt", "data"), faArchive));
+  const struct {
+    const char* name;
+    uint32_t attr;
+  } cases[] = {
+      {"plain.txt", 0},          {"readonly.txt", 0}, {".dotted", faHidden}, {"flagged.txt", faHidden},
+      {"system.bin", faSysFile}, {"sub", faDirectory}, {"linked", faDirectory}, {"dangling", 0},
+      {"archived.txt", faArchive},
+  };
+  for (const auto& c : cases) {
+    const TSearchRec rec = FindOne(c.name, TFindDetail::Kind);
+    EXPECT_EQ(c.attr, rec.Attr) << c.name;
+    EXPECT_EQ(0, rec.Size) << c.name;
+    EXPECT_EQ(0, rec.Time) << c.name;
+  }
+}
+
+TEST_F(FindFileTest, KindDetailAdmitsWhatFullDetailAdmits) {
+  ASSERT_EQ(0, symlink("sub", (dir_ / "linked").c_str()));
+  for (const uint32_t attr : {0u, faReadOnly | faHidden, faDirectory, faSysFile, faAnyFile}) {
+    EXPECT_EQ(Names("*", attr), Names("*", attr, TFindDetail::Kind)) << attr;
+  }
 }
 
 TEST_F(FindFileTest, EndsWithNoMoreFilesAndNoMatchIsFileNotFound) {

@@ -194,7 +194,7 @@ bool TDeleteDirectoryAction::RemoveTree(const std::string& dir) const {
 // entry that cannot go; what was deleted before stays deleted.
 bool TDeleteDirectoryAction::DelTree(const std::string& mask) const {
   TSearchRec rec;
-  if (FindFirst(mask, faAnyFile, rec) != 0) return true;
+  if (FindFirst(mask, faAnyFile, rec, TFindDetail::Kind) != 0) return true;
   const std::string dir = ExtractFilePath(mask);
   bool result = true;
   do {

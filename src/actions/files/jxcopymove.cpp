@@ -126,7 +126,7 @@ bool TCustomCopyFilesAction::DoRecursiveCopyMove(TStrings& log, const std::strin
 bool TCustomCopyFilesAction::CopyMatches(TStrings& log, const std::string& spec, int32_t& count,
                                          const std::string& destination) {
   TSearchRec rec;
-  if (FindFirst(spec, faAnyFile, rec) != 0) return true;
+  if (FindFirst(spec, faAnyFile, rec, TFindDetail::Kind) != 0) return true;
   const bool wild = HasWildcards(spec);
   const std::string dir = ExtractFileDir(spec);
   do {
@@ -150,7 +150,7 @@ bool TCustomCopyFilesAction::CopyMatches(TStrings& log, const std::string& spec,
 void TCustomCopyFilesAction::CopySubdirectories(TStrings& log, const std::string& dir, const std::string& mask,
                                                 int32_t& count, const std::string& destination) {
   TSearchRec rec;
-  if (FindFirst(dir + PathDelim + "*", faDirectory, rec) != 0) return;
+  if (FindFirst(dir + PathDelim + "*", faDirectory, rec, TFindDetail::Kind) != 0) return;
   const std::string dest_dir = ExcludeTrailingPathDelimiter(destination);
   do {
     if (!(rec.Attr & faDirectory) || rec.Name == "." || rec.Name == "..") continue;
@@ -233,7 +233,7 @@ bool TMoveFilesAction::Execute() {
 bool TMoveFilesAction::MoveMatches(TStrings& log, const std::string& spec, const std::string& target) {
   bool go_on = true;
   TSearchRec rec;
-  if (FindFirst(spec, faReadOnly | faHidden, rec) == 0) {
+  if (FindFirst(spec, faReadOnly | faHidden, rec, TFindDetail::Kind) == 0) {
     const std::string dir = ExtractFilePath(spec);
     do {
       go_on = MoveOne(log, dir + rec.Name, MoveDestination(target, rec.Name));

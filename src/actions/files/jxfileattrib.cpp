@@ -119,7 +119,7 @@ void TCustomSetFileAttributesAction::DoRecursiveAction(TStrings& log, const std:
     FindClose(rec);
   }
   if (!recurse) return;
-  if (FindFirst(dir + "*", faDirectory, rec) == 0) {
+  if (FindFirst(dir + "*", faDirectory, rec, TFindDetail::Kind) == 0) {
     do {
       if ((rec.Attr & faDirectory) != 0 && !IsDotEntry(rec.Name)) {
         DoRecursiveAction(log, dir + rec.Name + PathDelim + mask, true);

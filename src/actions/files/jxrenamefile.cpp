@@ -25,7 +25,7 @@ bool TCustomRenameFilesAction::Execute() {
   const std::string dir = ExtractFilePath(source);
   std::string new_name;
   TSearchRec rec;
-  if (FindFirst(source, faAnyFile, rec) == 0) {
+  if (FindFirst(source, faAnyFile, rec, TFindDetail::Kind) == 0) {
     do {
       GetNewFileName(rec.Name, target, new_name);
       MoveFileTo(dir + rec.Name, dir + new_name);  // a failed rename is passed over silently

@@ -144,7 +144,7 @@ bool TCustomTouchFilesAction::ProcessFiles(const std::string& spec) {
 // the first file that cannot be touched.
 bool TCustomTouchFilesAction::TouchMatches(const std::string& spec, const std::string& dir) {
   TSearchRec rec;
-  if (FindFirst(spec, faReadOnly | faArchive, rec) != 0) return true;
+  if (FindFirst(spec, faReadOnly | faArchive, rec, TFindDetail::Kind) != 0) return true;
   const std::string parent = IncludeTrailingPathDelimiter(dir);
   bool result = true;
   do {
@@ -163,7 +163,7 @@ bool TCustomTouchFilesAction::TouchMatches(const std::string& spec, const std::s
 bool TCustomTouchFilesAction::ProcessSubdirectories(const std::string& dir, const std::string& mask, bool result) {
   const std::string parent = IncludeTrailingPathDelimiter(dir);
   TSearchRec rec;
-  if (FindFirst(parent + "*.*", faDirectory, rec) != 0) return result;
+  if (FindFirst(parent + "*.*", faDirectory, rec, TFindDetail::Kind) != 0) return result;
   do {
     if ((rec.Attr & faDirectory) != 0 && !IsDotEntry(rec.Name)) {
       result = ProcessFiles(parent + rec.Name + PathDelim + mask);

@@ -107,7 +107,7 @@ bool TCustomFolderIterator::SetCurrentFolder() {
 void TCustomFolderIterator::PopulateFolderList(const std::string& folder) {
   const std::string base = IncludeTrailingPathDelimiter(folder);
   TSearchRec rec;
-  if (FindFirst(base + "*.*", faDirectory, rec) != 0) return;
+  if (FindFirst(base + "*.*", faDirectory, rec, TFindDetail::Kind) != 0) return;
   do {
     if ((rec.Attr & faDirectory) && rec.Name != "." && rec.Name != "..") {
       FState.Items.Add(FIncludeFolderPath ? base + rec.Name : rec.Name);
