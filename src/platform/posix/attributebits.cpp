@@ -75,7 +75,7 @@ bool ReadStoredAttributesAt(int dir_fd, const char* name, const char* path, uint
   char value[64];
   const ssize_t size = GetDosAttribAt(dir_fd, name, path, value, sizeof value);
   bits = BitsOf(value, size);
-  return size >= 0 || errno != ENOENT || FailWithErrno();
+  return size >= 0 || errno != ENOENT;
 }
 
 bool WriteStoredAttributes(const char* path, uint32_t bits) {
@@ -84,8 +84,8 @@ bool WriteStoredAttributes(const char* path, uint32_t bits) {
   return setxattr(path, kDosAttribName, text.data(), text.size(), 0) == 0 || FailWithErrno();
 }
 
-uint32_t AttributesOf(const struct stat& st, std::string_view name, const char* path) {
-  uint32_t attr = ModeAttributes(st.st_mode) | StoredAttributes(path);
+uint32_t AttributesOf(const struct stat& st, std::string_view name, uint32_t stored) {
+  uint32_t attr = ModeAttributes(st.st_mode) | stored;
   if (HasHiddenName(name)) attr |= faHidden;
   return attr != 0 ? attr : faNormal;
 }

@@ -29,14 +29,14 @@ mode_t ModeWithReadOnly(mode_t mode, bool read_only);
 // file system has none.
 uint32_t StoredAttributes(const char* path);
 // The stored bits of the entry `name` of the open directory `dir_fd`, which
-// `path` names too; false and the last error when it no longer exists.
+// `path` names too; false (errno ENOENT) when it no longer exists.
 bool ReadStoredAttributesAt(int dir_fd, const char* name, const char* path, uint32_t& bits);
 // Stores `bits` (hidden, system, archive), removing the attribute for 0.
 bool WriteStoredAttributes(const char* path, uint32_t bits);
 
-// Everything a path or directory entry reports: the bits above, faNormal
-// when none is set.
-uint32_t AttributesOf(const struct stat& st, std::string_view name, const char* path);
+// Everything a path or directory entry reports, from its status, its name
+// and its stored bits: the bits above, faNormal when none is set.
+uint32_t AttributesOf(const struct stat& st, std::string_view name, uint32_t stored);
 
 // The text form of the stored bits, and back (0 for anything else).
 std::string FormatDosAttrib(uint32_t bits);

@@ -31,7 +31,7 @@ uint32_t FileGetAttr(const std::string& path) {
     posix::FailWithErrno();
     return kInvalidFileAttributes;
   }
-  return posix::AttributesOf(st, posix::LastComponent(path), path.c_str());
+  return posix::AttributesOf(st, posix::LastComponent(path), posix::StoredAttributes(path.c_str()));
 }
 
 // A dot name is hidden by its name alone, so its hidden bit is never stored;

@@ -23,9 +23,11 @@ class DirReader {
   DirReader& operator=(const DirReader&) = delete;
 
   DIR* Dir() const { return dir_; }
-  // Whether readdir's type of the last entry settles whether it is a
-  // directory; a symbolic link's target or an unreported type does not.
-  bool kind_known = false;
+  int Fd() const { return dirfd(dir_); }
+  // Whether readdir's type of the current entry tells a directory from
+  // anything else; the type of a symbolic link or an unreported one does not.
+  bool TypeTellsKind() const { return type_tells_kind_; }
+  void SetEntryType(unsigned char type) { type_tells_kind_ = type != DT_LNK && type != DT_UNKNOWN; }
   // The entry's path, for the calls that take one; reuses one buffer.
   const char* PathOf(std::string_view name) {
     path_.resize(prefix_size_);
@@ -37,6 +39,7 @@ class DirReader {
   DIR* dir_;
   std::string path_;
   size_t prefix_size_;
+  bool type_tells_kind_ = false;
 };
 
 void DirReaderCloser::operator()(DirReader* reader) const { delete reader; }
@@ -60,7 +63,7 @@ bool ReadDirEntry(DirReader& reader, RawDirEntry& entry) {
   entry.name = found->d_name;
   if (found->d_type == DT_DIR) entry.attr |= faDirectory;
   if (posix::HasHiddenName(entry.name)) entry.attr |= faHidden;
-  reader.kind_known = found->d_type != DT_LNK && found->d_type != DT_UNKNOWN;
+  reader.SetEntryType(found->d_type);
   return true;
 }
 
@@ -71,12 +74,13 @@ constexpr uint32_t kKindBits = faDirectory | posix::kStoredBits;
 // Follows symbolic links like stat; a dangling link reports the link itself.
 bool ReadStatus(DirReader& reader, RawDirEntry& entry) {
   const char* name = entry.name.data();  // readdir's text, NUL-terminated
-  const int dir_fd = dirfd(reader.Dir());
   struct stat st;
-  if (fstatat(dir_fd, name, &st, 0) != 0 && fstatat(dir_fd, name, &st, AT_SYMLINK_NOFOLLOW) != 0) {
+  if (fstatat(reader.Fd(), name, &st, 0) != 0 && fstatat(reader.Fd(), name, &st, AT_SYMLINK_NOFOLLOW) != 0) {
     return posix::FailWithErrno();
   }
-  entry.attr = posix::AttributesOf(st, entry.name, reader.PathOf(entry.name));
+  uint32_t stored = 0;  // none for a dangling link
+  posix::ReadStoredAttributesAt(reader.Fd(), name, reader.PathOf(entry.name), stored);
+  entry.attr = posix::AttributesOf(st, entry.name, stored);
   entry.size = S_ISDIR(st.st_mode) ? 0 : st.st_size;
   entry.mtime_seconds = st.st_mtim.tv_sec;
   entry.mtime_nanoseconds = static_cast<int32_t>(st.st_mtim.tv_nsec);
@@ -87,7 +91,9 @@ bool ReadStatus(DirReader& reader, RawDirEntry& entry) {
 bool ReadKind(DirReader& reader, RawDirEntry& entry) {
   uint32_t stored = 0;
   const char* name = entry.name.data();  // readdir's text, NUL-terminated
-  if (!posix::ReadStoredAttributesAt(dirfd(reader.Dir()), name, reader.PathOf(entry.name), stored)) return false;
+  if (!posix::ReadStoredAttributesAt(reader.Fd(), name, reader.PathOf(entry.name), stored)) {
+    return posix::FailWithErrno();
+  }
   entry.attr |= stored;
   return true;
 }
@@ -96,7 +102,7 @@ bool ReadKind(DirReader& reader, RawDirEntry& entry) {
 
 bool ReadEntryDetails(DirReader& reader, RawDirEntry& entry, TFindDetail detail) {
   if (detail == TFindDetail::Full) return ReadStatus(reader, entry);
-  if (reader.kind_known) return ReadKind(reader, entry);
+  if (reader.TypeTellsKind()) return ReadKind(reader, entry);
   if (!ReadStatus(reader, entry)) return false;
   entry = RawDirEntry{entry.name, entry.attr & kKindBits};
   return true;
