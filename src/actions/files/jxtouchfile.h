@@ -43,7 +43,8 @@ class TCustomTouchFilesAction : public TJXAction {
   std::string DateTimeString() const { return "Edit..."; }
   void SetDateTimeString(const std::string&) {}
   int32_t FileCount() const { return FFileCount; }
-  // DateTime as text; text that is no date-time is ignored.
+  // DateTime as "c" of the user's locale settings (short date, long time);
+  // written text in that form sets DateTime, other text is ignored.
   std::string DateTimeAsString() const;
   void SetDateTimeAsString(const std::string& value);
 
