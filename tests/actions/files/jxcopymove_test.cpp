@@ -148,6 +148,19 @@ TEST_F(CopyFilesTest, RecurseRebuildsTheTreeWithForce) {
   EXPECT_FALSE(fs::exists(dir / "out/s1/x.log"));
 }
 
+TEST_F(CopyFilesTest, RecurseWithEveryNameSkipsHiddenDirectories) {
+  dir.WriteFile("src/a", "a");
+  dir.WriteFile("src/s1/s2/b", "b");
+  dir.WriteFile("src/.hidden/c", "c");
+  h.Action.SetRecurse(true);
+  h.Action.SetTargetIsDir(true);
+  h.Action.SetForceDir(true);
+  EXPECT_TRUE(Run(dir / "src/*", dir / "out"));
+  EXPECT_EQ("2 Files Copied.", h.Host.Lines.back());
+  EXPECT_EQ("b", ReadFile(dir / "out/s1/s2/b"));
+  EXPECT_FALSE(fs::exists(dir / "out/.hidden"));
+}
+
 // The failure below the top directory is logged, yet the copy succeeds; the
 // failed directory's own subdirectories are not visited.
 TEST_F(CopyFilesTest, FailureInASubdirectoryDoesNotFailTheCopy) {
