@@ -290,6 +290,14 @@ bool TMoveFilesAction::MoveOne(TStrings& log, const std::string& source, const s
     log.Add(" --> Error Moving File : " + source + " -> " + dest);
     log.Add(" --> " + reason);
   };
+  const auto moved = [&] {
+    if (FClearAttributes) FileSetAttr(dest, faNormal);
+    ++FFilesAffected;
+    return true;
+  };
+  // A destination that does not exist yet needs none of the checks below, so
+  // the move (which never replaces) comes first; on any failure the steps run in full.
+  if (MoveFileTo(source, dest)) return moved();
   const bool exists = FileExists(dest);
   const bool same = source == dest;
   if (FStopOnAnyErrors && !FileExists(source)) {
@@ -316,9 +324,7 @@ bool TMoveFilesAction::MoveOne(TStrings& log, const std::string& source, const s
     ++FErrorCount;
     return !FStopOnAnyErrors;
   }
-  if (FClearAttributes) FileSetAttr(dest, faNormal);
-  ++FFilesAffected;
-  return true;
+  return moved();
 }
 
 const TJXClassInfo& TMoveFilesAction::ClassInfo() {
