@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdio>
+#include <exception>
 #include <string_view>
 
 #include "cli/commands.h"
@@ -69,10 +70,16 @@ int RunCommandLine(int argc, char** argv) {
     return kExitUsage;
   }
 
-  if (run_command->parsed()) return RunCommand(run);
-  if (validate_command->parsed()) return ValidateCommand(validate_project);
-  if (actions_command->parsed()) return ActionsCommand();
-  return DescribeCommand(class_name);
+  // Commands report their own errors; this only keeps a surprise from ending as a crash.
+  try {
+    if (run_command->parsed()) return RunCommand(run);
+    if (validate_command->parsed()) return ValidateCommand(validate_project);
+    if (actions_command->parsed()) return ActionsCommand();
+    return DescribeCommand(class_name);
+  } catch (const std::exception& e) {
+    PrintError(fmt::format("unexpected error: {}", e.what()));
+    return kExitBuildFailed;
+  }
 }
 
 }  // namespace jx

@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <initializer_list>
 
 #include "rtl/sysutils.h"
 
@@ -60,15 +61,9 @@ void BuildLog::CloseFile() {
   if (failed || !closed) throw Exception(fmt::format("Cannot write the log file \"{}\"", file_name_));
 }
 
-void BuildLog::BeginAction(std::string_view description) {
-  std::string header;
-  header.reserve(description.size() + 3);
-  header += "== ";
-  header += description;
-  Write(header);
-}
+void BuildLog::BeginAction(std::string_view description) { Write("== ", description); }
 
-void BuildLog::Line(std::string_view text) { Write(text); }
+void BuildLog::Line(std::string_view text) { Write("", text); }
 
 void BuildLog::EndAction(ActionOutcome outcome, double seconds) {
   const std::string time = outcome == ActionOutcome::FailedIgnored ? "" : fmt::format(" ({:.3f} s)", seconds);
@@ -96,12 +91,13 @@ void BuildLog::Flush() {
   std::fflush(console_);
 }
 
-void BuildLog::Write(std::string_view text) {
-  std::fwrite(text.data(), 1, text.size(), console_);
-  std::fputc('\n', console_);
-  if (!file_) return;
-  std::fwrite(text.data(), 1, text.size(), file_);
-  std::fputc('\n', file_);
+void BuildLog::Write(std::string_view prefix, std::string_view text) {
+  for (std::FILE* sink : {console_, file_}) {
+    if (!sink) continue;
+    std::fwrite(prefix.data(), 1, prefix.size(), sink);
+    std::fwrite(text.data(), 1, text.size(), sink);
+    std::fputc('\n', sink);
+  }
 }
 
 }  // namespace jx

@@ -33,7 +33,7 @@ class BuildLog {
   void CloseFile();
 
  private:
-  void Write(std::string_view text);  // to both, followed by a line break
+  void Write(std::string_view prefix, std::string_view text);  // to both, then a line break
 
   std::FILE* console_;
   bool colour_;

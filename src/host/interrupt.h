@@ -1,6 +1,7 @@
 // Ctrl-C during a build. While an InterruptWatcher lives, the first SIGINT
 // calls `on_interrupt` from the watcher's own thread; a second one ends the
-// process at once (exit status 130).
+// process at once (exit status 130). A process started with SIGINT ignored
+// keeps ignoring it.
 #pragma once
 
 #include <functional>

@@ -32,6 +32,9 @@ void OnSignal(int) {
 }  // namespace
 
 InterruptWatcher::InterruptWatcher(std::function<void()> on_interrupt) : on_interrupt_(std::move(on_interrupt)) {
+  // Started with Ctrl-C ignored (nohup, a background job): leave it so.
+  struct sigaction current {};
+  if (sigaction(SIGINT, nullptr, &current) != 0 || current.sa_handler == SIG_IGN) return;
   if (pipe2(pipe_, O_CLOEXEC) != 0) return;  // without a pipe Ctrl-C keeps its default effect
   g_signal_pipe = pipe_[1];
   struct sigaction action {};

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <initializer_list>
 #include <set>
@@ -303,6 +304,10 @@ Project ParseProject(std::string_view xml, const std::string& file_name, const P
 }
 
 Project LoadProject(const std::string& file_name, const Palette& palette) {
+  std::error_code error;
+  if (std::filesystem::is_directory(file_name, error)) {
+    throw ProjectLoadError(fmt::format("{}: is a directory, not a project file", file_name));
+  }
   std::ifstream in(file_name, std::ios::binary);
   if (!in) throw ProjectLoadError(fmt::format("{}: cannot open the file: {}", file_name, std::strerror(errno)));
   std::ostringstream text;

@@ -33,9 +33,16 @@ int DayOfWeek(TDateTime value);  // 1 = Sunday ... 7 = Saturday
 // The date and time of a point in seconds since 1970-01-01 00:00 UTC, given
 // the local offset in seconds east of UTC; and back.
 TDateTime UnixToDateTime(int64_t unix_seconds, int64_t utc_offset_seconds = 0);
+int64_t DateTimeToUnix(TDateTime value, int64_t utc_offset_seconds = 0);  // to the nearest second
 
 // ISO 8601 text "2020-01-02T03:04:05" (milliseconds ".zzz" only when not 0).
 std::string DateTimeToISO(TDateTime value);
+// The runtime's fixed short forms: "2020-01-02", "03:04:05", and both joined by
+// a blank (the time left out at midnight, as the classic DateTimeToStr does).
+std::string DateToStr(TDateTime value);
+std::string TimeToStr(TDateTime value);
+std::string DateTimeToStr(TDateTime value);
+
 // Accepts "YYYY-MM-DD", "YYYY-MM-DDTHH:MM", "YYYY-MM-DDTHH:MM:SS[.zzz]", also with ' ' for 'T'.
 bool TryISOToDateTime(std::string_view text, TDateTime& value);
 

@@ -24,7 +24,9 @@ std::string ChangeFileExt(std::string_view name, std::string_view ext);
 std::string IncludeTrailingPathDelimiter(std::string_view s);
 std::string ExcludeTrailingPathDelimiter(std::string_view s);
 
-// The std::filesystem path of a UTF-8 text, for the standard library's file APIs.
+// The std::filesystem path of a UTF-8 text, for the standard library's file APIs,
+// and the UTF-8 text of such a path.
 std::filesystem::path ToFsPath(const std::string& utf8);
+std::string FromFsPath(const std::filesystem::path& path);
 
 }  // namespace jx

@@ -9,6 +9,12 @@
 
 namespace jx {
 
+#ifdef _WIN32
+inline constexpr const char* sLineBreak = "\r\n";
+#else
+inline constexpr const char* sLineBreak = "\n";
+#endif
+
 enum class TDuplicates { dupIgnore, dupAccept, dupError };
 
 class TStrings {
@@ -32,7 +38,7 @@ class TStrings {
   // a final line break does not make an empty last line.
   std::string GetText() const;
   void SetText(std::string_view text);
-  std::string LineBreak = "\r\n";
+  std::string LineBreak = sLineBreak;
 
   // Comma text: lines separated by ',', quoted with '"' when they hold
   // blanks, commas or quotes. Setting splits at commas and at blanks outside quotes.
@@ -49,21 +55,28 @@ class TStrings {
 
   // Files: UTF-8 (a byte-order mark is skipped on load). Load throws
   // EFOpenError "Cannot open file \"NAME\". <system message>"; save writes
-  // GetText() and throws EFCreateError-like EFOpenError on failure.
+  // GetText() and throws EFOpenError "Cannot create file \"NAME\". <message>".
   void LoadFromFile(const std::string& file_name);
   void SaveToFile(const std::string& file_name) const;
 
   const std::vector<std::string>& Lines() const { return items_; }
 
  protected:
+  // Appends many lines at once (text, files, AddStrings); a sorted list merges them.
+  virtual void AddLines(std::vector<std::string> lines);
+  // The order and equality of lines: case-insensitive here (UTF-8 letters folded).
+  virtual int CompareStrings(std::string_view a, std::string_view b) const;
+  bool SameStrings(std::string_view a, std::string_view b) const;
+
   std::vector<std::string> items_;
 };
 
 class TStringList : public TStrings {
  public:
   // Sorted lists keep their order on Add; Duplicates applies to them only.
+  // Setting Sorted does not reorder the lines already there: call Sort().
   bool Sorted = false;
-  bool CaseSensitive = false;
+  bool CaseSensitive = false;  // also for IndexOf, IndexOfName and Values
   TDuplicates Duplicates = TDuplicates::dupIgnore;
 
   int Add(std::string line) override;
@@ -72,8 +85,9 @@ class TStringList : public TStrings {
   // Binary search of a sorted list: true and the index when found, else the insertion point.
   bool Find(std::string_view line, int& index) const;
 
- private:
-  int CompareStrings(std::string_view a, std::string_view b) const;
+ protected:
+  void AddLines(std::vector<std::string> lines) override;
+  int CompareStrings(std::string_view a, std::string_view b) const override;
 };
 
 }  // namespace jx

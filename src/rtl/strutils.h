@@ -21,6 +21,12 @@ int CompareStr(std::string_view a, std::string_view b);   // <0, 0, >0, byte ord
 bool StartsText(std::string_view prefix, std::string_view s);
 bool EndsText(std::string_view suffix, std::string_view s);
 
+// The "Ansi" forms fold UTF-8 letters of Latin, Greek and Cyrillic too.
+std::string AnsiUpperCase(std::string_view s);
+std::string AnsiLowerCase(std::string_view s);
+bool AnsiSameText(std::string_view a, std::string_view b);
+int AnsiCompareText(std::string_view a, std::string_view b);  // <0, 0, >0 by folded code point
+
 std::string IntToStr(int64_t value);
 std::string UIntToStr(uint64_t value);
 std::string IntToHex(uint64_t value, int digits);  // upper case, at least `digits` wide
@@ -42,7 +48,8 @@ bool StrToBoolDef(std::string_view s, bool fallback);
 // "True"/"False" when use_bool_strs, else "-1"/"0" as the classic runtime does.
 std::string BoolToStr(bool value, bool use_bool_strs = true);
 
-// Floats: '.' as decimal separator, optional exponent.
+// Floats: optional sign, digits with an optional '.', optional exponent;
+// blanks around the number are allowed, as the classic runtime allows them.
 bool TryStrToFloat(std::string_view s, double& value);
 double StrToFloat(std::string_view s);  // throws EConvertError "'s' is not a valid floating point value"
 // General format with 15 significant digits, like the classic FloatToStr:

@@ -29,8 +29,9 @@ class Variant {
   // Conversions; those that cannot convert throw EVariantTypeCastError
   // ("Could not convert variant of type (String) into type (Integer)").
   std::string ToString() const;  // empty gives ""
-  int64_t ToInt64() const;       // strings through StrToInt64; floats rounded
-  int32_t ToInteger() const;
+  // Empty gives 0 / false; a true boolean is -1 as a number.
+  int64_t ToInt64() const;       // strings through StrToInt64, else as floats; floats rounded half to even
+  int32_t ToInteger() const;     // also throws when the value is out of the 32-bit range
   double ToFloat() const;
   bool ToBool() const;           // strings through StrToBool; numbers non-zero
 

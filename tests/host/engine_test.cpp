@@ -6,6 +6,7 @@
 
 #include "host/buildrun.h"
 #include "host/testactions.h"
+#include "rtl/sysutils.h"
 #include "support/tempdir.h"
 
 namespace jx {
