@@ -23,7 +23,7 @@ bool HasReadOnlyBit(uint32_t attr) { return attr != kInvalidFileAttributes && (a
 
 TCustomCopyFilesAction::TCustomCopyFilesAction() { FFailIfZeroFiles = false; }
 
-// The specification is stored through the host's description-key round trip.
+// The file spec is stored through the host's description-key round trip.
 void TCustomCopyFilesAction::SetFileSpec(const std::string& value) { UpdateKeyValue(0, FFileSpec, value); }
 
 std::string TCustomCopyFilesAction::GetDescriptionKeyValue(int) const { return FFileSpec; }

@@ -1,5 +1,5 @@
 // Copy File(s) and Move File(s): copy or move the files that match a wildcard
-// specification to a destination file or directory, logging one block.
+// file spec to a destination file or directory, logging one block.
 #pragma once
 
 #include <cstdint>
