@@ -19,11 +19,11 @@ make_files() {
 
 # mean_of JSON: the mean time in seconds of the first command of a hyperfine export.
 mean_of() {
-  grep -m1 '"mean"' "$1" | sed 's/.*: *//; s/,$//'
+  grep -m1 '"mean"' "$1" | sed 's/.*"mean": *//; s/,.*//'
 }
 
 # ratio_of JSON: the mean time of the first command of a hyperfine export
 # divided by that of the second.
 ratio_of() {
-  grep '"mean"' "$1" | sed 's/.*: *//; s/,$//' | awk 'NR == 1 { a = $1 } NR == 2 { b = $1 } END { printf "%.2f", a / b }'
+  grep '"mean"' "$1" | sed 's/.*"mean": *//; s/,.*//' | awk 'NR == 1 { a = $1 } NR == 2 { b = $1 } END { printf "%.2f", a / b }'
 }

@@ -3,8 +3,16 @@
 #include <string>
 #include <utility>
 
+#include "actions/files/bactions1.h"
 #include "actions/files/bactions2.h"
 #include "actions/files/jxcopymove.h"
+#include "actions/files/jxfileattrib.h"
+#include "actions/files/jxmovedirectoryaction.h"
+#include "actions/files/jxrenamedirectoryaction.h"
+#include "actions/files/jxtouchfile.h"
+#include "actions/interactive/jxdatetimeaction.h"
+#include "actions/iterators/jxfileiterator.h"
+#include "actions/iterators/jxfolderiteratoraction.h"
 #include "framework/jxeditors.h"
 #include "framework/jxpages.h"
 #include "framework/jxregistryreg.h"
@@ -22,16 +30,32 @@ constexpr const char* kFilesAndDirectories = "Files & Directories";
 // Rows 1-22 of the palette; each action type joins at its place as it is built.
 const std::vector<TCatalogueRow>& RowsBeforeRegistry() {
   static const std::vector<TCatalogueRow> rows = {
+      {&TFileExistsAction::ClassInfo, "Check if File Exists", kFilesAndDirectories, "HCHECKFILE", {"TCheckFileFrame"}, {}},
+      {&TCreateDirectoryAction::ClassInfo, "Create Directory", kFilesAndDirectories, "HCREATE_DIR", {"TCreateDirectoryFrame"}, {}},
+      {&TDeleteDirectoryAction::ClassInfo, "Delete Directory", kFilesAndDirectories, "HDELETE_DIR", {"TDeleteDirFrame"}, {}},
+      {&TJXMoveDirectoryAction::ClassInfo, "Move Directory", kFilesAndDirectories, "HMOVEDIR", {"TMoveDirectoryFrame"}, {}},
+      {&TSetVariableAction::ClassInfo, "Set Variable", "Misc", "HSETVARIABLE", {"TSetVariableFrame"}, {}},
       {&TDeleteFilesAction::ClassInfo, "Delete File(s)", kFilesAndDirectories, "HDELETE_FILE", {"TDeleteFilesFrame"}, {}},
       {&TCopyFilesAction::ClassInfo, "Copy File(s)", kFilesAndDirectories, "HCOPYFILES", {"TCopyFrame"}, {}},
       {&TMoveFilesAction::ClassInfo, "Move File(s)", kFilesAndDirectories, "HMOVEFILES", {"TMoveFrame"}, {}},
+      {&TSetFileAttributesAction::ClassInfo, "Set File Attributes", kFilesAndDirectories, "HSETFILEATTRIB",
+       {"TFileAttributeFrame"}, {}},
+      {&TFileIterator::ClassInfo, nullptr, "Iterators", "HFILEITERATOR", {"TFileIteratorFrame"},
+       [](TCustomJXAction& a) { dynamic_cast<TCustomFileIterator&>(a).Reset(); }},
+      {&TFolderIterator::ClassInfo, nullptr, "Iterators", "FOLDERITERATOR", {"TFolderIteratorFrame"},
+       [](TCustomJXAction& a) { dynamic_cast<TCustomFolderIterator&>(a).Reset(); }},
+      {&TTouchFilesAction::ClassInfo, "Touch File(s)", kFilesAndDirectories, "HTOUCHFILES", {"TTouchFrame"}, {}},
+      // The palette's name differs from the action's own "Get DateTime".
+      {&TDateTimeAction::ClassInfo, "Get Date/Time", "Misc", "HDATETIME", {"TGetDateTimeFrame"}, {}},
   };
   return rows;
 }
 
 // Rows 26-30: after the registry actions, before the copy-tool options class.
 const std::vector<TCatalogueRow>& RowsBeforeOptions() {
-  static const std::vector<TCatalogueRow> rows = {};
+  static const std::vector<TCatalogueRow> rows = {
+      {&TRenameDirAction::ClassInfo, nullptr, kFilesAndDirectories, "HRENAMEFILE", {"TRenameDirFrame"}, {}},
+  };
   return rows;
 }
 
@@ -51,17 +75,25 @@ struct TEditorRow {
 // Property editors of the design environment, in registration order.
 const std::vector<TEditorRow>& EditorRows() {
   static const std::vector<TEditorRow> rows = {
+      {&TFileExistsAction::ClassInfo, "FileOrDirectory", {TPropertyKind::pkWideString, nullptr}, &TFileNameEdit},
+      {&TCreateDirectoryAction::ClassInfo, "FileOrDirectory", {TPropertyKind::pkWideString, nullptr}, &TSelectDirectoryEditor},
+      {&TDeleteDirectoryAction::ClassInfo, "FileOrDirectory", {TPropertyKind::pkWideString, nullptr}, &TSelectDirectoryEditor},
       {&TDeleteFilesAction::ClassInfo, "FileSpec", {TPropertyKind::pkWideString, nullptr}, &TFileNameEditEx},
       // The action has no Target; the registration is harmless and kept.
       {&TDeleteFilesAction::ClassInfo, "Target", {TPropertyKind::pkWideString, nullptr}, &TFileNameEditEx},
       {&TCopyFilesAction::ClassInfo, "FileSpec", {TPropertyKind::pkWideString, nullptr}, &TFileNameEditEx},
       {&TCopyFilesAction::ClassInfo, "Target", {TPropertyKind::pkWideString, nullptr}, &TFileNameEditEx},
+      {&TSetFileAttributesAction::ClassInfo, "FileSpec", {TPropertyKind::pkWideString, nullptr}, &TFileNameEdit},
+      {&TSetFileAttributesAction::ClassInfo, "", {TPropertyKind::pkEnumeration, &TAttributeSettingInfo},
+       &TFileAttributeEditor},
+      {&TTouchFilesAction::ClassInfo, "DateTimeString", {TPropertyKind::pkString, nullptr}, &TTouchFilesDateEditor},
+      {&TTouchFilesAction::ClassInfo, "FileSpec", {TPropertyKind::pkWideString, nullptr}, &TFileNameEdit},
   };
   return rows;
 }
 
-// One step of the page registration: an action's pages (none when Class is
-// null), then the property editors registered right after them.
+// One step of the page registration: an action's pages, then the property
+// editors registered right after them.
 struct TPageStep {
   TPageStep(TClassRef cls, std::vector<TEditorRow> editors_after = {})
       : Class(cls), EditorsAfter(std::move(editors_after)) {}
@@ -72,14 +104,22 @@ struct TPageStep {
 // The order in which the design environment gets each action's pages.
 const std::vector<TPageStep>& PageOrder() {
   static const std::vector<TPageStep> order = {
-      // Move Directory's pages take this step's class when that action is
-      // built; the move-files editors follow them.
-      {nullptr,
+      &TFileExistsAction::ClassInfo,
+      {&TJXMoveDirectoryAction::ClassInfo,
        {{&TMoveFilesAction::ClassInfo, "FileSpec", {TPropertyKind::pkWideString, nullptr}, &TFileNameEditEx},
         {&TMoveFilesAction::ClassInfo, "Target", {TPropertyKind::pkWideString, nullptr}, &TFileNameEditEx}}},
+      &TDeleteDirectoryAction::ClassInfo,
       &TDeleteFilesAction::ClassInfo,
+      &TSetFileAttributesAction::ClassInfo,
+      &TFileIterator::ClassInfo,
+      &TFolderIterator::ClassInfo,
       &TMoveFilesAction::ClassInfo,
+      &TTouchFilesAction::ClassInfo,
       &TCopyFilesAction::ClassInfo,
+      &TCreateDirectoryAction::ClassInfo,
+      &TSetVariableAction::ClassInfo,
+      &TRenameDirAction::ClassInfo,
+      &TDateTimeAction::ClassInfo,
   };
   return order;
 }
@@ -109,7 +149,7 @@ void RegisterPagesOf(const TJXClassInfo& cls) {
 
 void RegisterPages() {
   for (const TPageStep& step : PageOrder()) {
-    if (step.Class) RegisterPagesOf(step.Class());
+    RegisterPagesOf(step.Class());
     RegisterEditors(step.EditorsAfter);
   }
 }

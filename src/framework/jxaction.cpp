@@ -59,12 +59,12 @@ IJXActionHost& Require(IJXActionHost* host) {
 }
 }  // namespace
 
-bool TCustomJXAction::EncryptString(const std::string& plain, std::string& encrypted) {
-  return Require(host_).EncryptString(plain, encrypted);
+bool TCustomJXAction::EncryptString(const std::string& plain, const std::string& key, std::string& encrypted) {
+  return Require(host_).EncryptString(plain, key, encrypted);
 }
 
-bool TCustomJXAction::DecryptString(const std::string& encrypted, std::string& plain) {
-  return Require(host_).DecryptString(encrypted, plain);
+bool TCustomJXAction::DecryptString(const std::string& encrypted, const std::string& key, std::string& plain) {
+  return Require(host_).DecryptString(encrypted, key, plain);
 }
 
 bool TCustomJXAction::StopSignalled() { return host_ && host_->StopSignalled(); }

@@ -89,8 +89,9 @@ class TCustomJXAction : public TQSXMLObject {
   virtual void InitialiseScriptParams(IJXActionScript& script) { (void)script; }  // 50
   virtual bool GetIsPaused() const { return false; }              // 51
   virtual void SkipPause() {}                                     // 52
-  virtual bool EncryptString(const std::string& plain, std::string& encrypted);   // 53
-  virtual bool DecryptString(const std::string& encrypted, std::string& plain);   // 54
+  // 53, 54: the host's encryption of stored secrets, under a key the action supplies.
+  virtual bool EncryptString(const std::string& plain, const std::string& key, std::string& encrypted);
+  virtual bool DecryptString(const std::string& encrypted, const std::string& key, std::string& plain);
   virtual bool StopSignalled();                                   // 55
   virtual void TerminateAction() {}                               // 56
   virtual bool CanTerminate() const { return false; }             // 57

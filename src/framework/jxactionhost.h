@@ -47,8 +47,10 @@ class IJXActionHost {
   // Runs the action's script `name` with its parameters; false when it failed.
   virtual bool ExecuteScript(TCustomJXAction& action, const std::string& name, Variant& result) = 0;
 
-  virtual bool EncryptString(const std::string& plain, std::string& encrypted) = 0;
-  virtual bool DecryptString(const std::string& encrypted, std::string& plain) = 0;
+  // Encrypts under `key`; DecryptString returns false for a text that is no
+  // value EncryptString made.
+  virtual bool EncryptString(const std::string& plain, const std::string& key, std::string& encrypted) = 0;
+  virtual bool DecryptString(const std::string& encrypted, const std::string& key, std::string& plain) = 0;
 };
 
 }  // namespace jx

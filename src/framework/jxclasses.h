@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "framework/jxproperties.h"
@@ -47,6 +48,11 @@ struct TJXPropertyEditorClass {
   std::string DialogTitle;       // file and directory editors
   std::string Filter;            // "All Files(*.*)|*.*"
   std::string DefaultExtension;
+  // Editors that work on text (this host shows no dialogs): the text shown
+  // for `property` of `object`, and how typed text is stored. Null: the
+  // property's own text.
+  std::string (*GetEditText)(const TQSXMLObject& object, const TPropertyInfo& property) = nullptr;
+  void (*SetEditText)(TQSXMLObject& object, const TPropertyInfo& property, std::string_view text) = nullptr;
 };
 
 }  // namespace jx

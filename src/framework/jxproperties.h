@@ -69,6 +69,7 @@ struct TPropertyInfo {
   const TEnumTypeInfo* EnumType = nullptr;  // enumeration and set
   bool Stored = true;                       // saved with the project
   bool ReadOnly = false;                    // no setter: a run result
+  bool WriteOnly = false;                   // no getter (GetText is empty) and not stored
   // Value as the project file writes it; the setter throws EConvertError on bad text.
   std::function<std::string(const TQSXMLObject&)> GetText;
   std::function<void(TQSXMLObject&, std::string_view)> SetText;
@@ -124,6 +125,20 @@ class TPublished {
   template <class G>
   TPublished& StringResult(const char* name, G get) {
     return Text(name, TPropertyKind::pkString, get, static_cast<void (C::*)(const std::string&)>(nullptr));
+  }
+
+  // A write-only boolean that older projects may still set: no getter, not stored.
+  template <class S>
+  TPublished& BooleanWriteOnly(const char* name, S set) {
+    TPropertyInfo p = Base(name, TPropertyKind::pkBoolean);
+    p.WriteOnly = true;
+    p.Stored = false;
+    p.SetText = [set](TQSXMLObject& o, std::string_view t) {
+      bool v = false;
+      PropertyValueFromText(t, v);
+      (Self(o).*set)(v);
+    };
+    return Push(std::move(p));
   }
 
   template <class G, class S>

@@ -104,8 +104,8 @@ bool ActionHost::ExecuteScript(TCustomJXAction& action, const std::string& name,
   return false;
 }
 
-bool ActionHost::EncryptString(const std::string&, std::string&) { return false; }
+bool ActionHost::EncryptString(const std::string&, const std::string&, std::string&) { return false; }
 
-bool ActionHost::DecryptString(const std::string&, std::string&) { return false; }
+bool ActionHost::DecryptString(const std::string&, const std::string&, std::string&) { return false; }
 
 }  // namespace jx

@@ -45,8 +45,8 @@ class ActionHost : public IJXActionHost {
   // A blank script succeeds; any other script fails: no script engine yet.
   bool ExecuteScript(TCustomJXAction& action, const std::string& name, Variant& result) override;
   // No encryption yet: both fail.
-  bool EncryptString(const std::string& plain, std::string& encrypted) override;
-  bool DecryptString(const std::string& encrypted, std::string& plain) override;
+  bool EncryptString(const std::string& plain, const std::string& key, std::string& encrypted) override;
+  bool DecryptString(const std::string& encrypted, const std::string& key, std::string& plain) override;
 
  private:
   bool Resolve(std::string_view name, std::string& value) const;

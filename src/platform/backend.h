@@ -10,6 +10,10 @@
 
 #include "rtl/datetime.h"
 
+namespace jx {
+struct TLocaleTimeInfo;  // platform/localeinfo.h
+}  // namespace jx
+
 namespace jx::backend {
 
 // Whether file names differ by letter case (wildcard matching follows it).
@@ -75,5 +79,12 @@ enum class TRenameResult { Renamed, Failed, Unsupported };
 TRenameResult RenameNoReplace(const std::string& source, const std::string& dest);
 // Renames, replacing whatever `dest` is, as the file system allows.
 bool RenamePath(const std::string& source, const std::string& dest);
+
+// --- Locale ---------------------------------------------------------------
+
+// The time conventions of the user's locale, without changing the process's
+// own locale. False for the "C"/"POSIX" locale and when the user's locale
+// cannot be read.
+bool ReadLocaleTimeInfo(TLocaleTimeInfo& info);
 
 }  // namespace jx::backend

@@ -99,8 +99,8 @@ TEST_F(ActionHostTest, BlankScriptsSucceedOthersFailWithAReason) {
 
 TEST_F(ActionHostTest, EncryptionIsNotAvailableYet) {
   std::string out;
-  EXPECT_FALSE(host_.EncryptString("secret", out));
-  EXPECT_FALSE(host_.DecryptString("secret", out));
+  EXPECT_FALSE(host_.EncryptString("secret", "key", out));
+  EXPECT_FALSE(host_.DecryptString("secret", "key", out));
 }
 
 TEST_F(ActionHostTest, StopSignalAndUnattended) {

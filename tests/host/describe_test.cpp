@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "actions/files/bactions2.h"
 
 namespace jx {
@@ -89,8 +91,10 @@ TEST(Palette, KeepsWhatThePluginRegistered) {
   ASSERT_EQ(1u, entry->Pages.size());
   EXPECT_EQ("TDeleteFilesFrame", entry->Pages[0]->ClassName);
   EXPECT_EQ(nullptr, palette.FindClass("TFoo"));
-  ASSERT_FALSE(palette.Editors().empty());
-  EXPECT_EQ("FileSpec", palette.Editors()[0].PropertyName);
+  const auto editor = std::find_if(palette.Editors().begin(), palette.Editors().end(),
+                                   [&](const auto& e) { return e.Class == entry->Class; });
+  ASSERT_NE(palette.Editors().end(), editor);
+  EXPECT_EQ("FileSpec", editor->PropertyName);
   ASSERT_FALSE(palette.ScriptConstants().empty());
   EXPECT_EQ("rtInteger", palette.ScriptConstants()[0].first);
 }

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <filesystem>
 
 #include "platform/attributes.h"
 #include "platform/directories.h"
@@ -56,6 +57,17 @@ TEST_F(DirectoriesTest, RemoveDirRefuses) {
   }
   EXPECT_TRUE(DirectoryExists(read_only));
   EXPECT_TRUE(FileExists(dir_ / "full/file"));
+  EXPECT_EQ("Directory not empty", SysErrorMessage(kErrorDirNotEmpty));
+}
+
+TEST_F(DirectoriesTest, RemoveDirTakesALinkNotItsTarget) {
+  dir_.WriteFile("target/keep");
+  std::filesystem::create_directory_symlink(dir_ / "target", dir_ / "link");
+  EXPECT_TRUE(IsDirectoryLink(dir_ / "link/"));
+  EXPECT_FALSE(IsDirectoryLink(dir_ / "target"));
+  EXPECT_TRUE(RemoveDir(dir_ / "link"));
+  EXPECT_FALSE(std::filesystem::is_symlink(dir_ / "link"));
+  EXPECT_TRUE(FileExists(dir_ / "target/keep"));
 }
 
 }  // namespace

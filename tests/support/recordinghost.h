@@ -33,8 +33,8 @@ class RecordingHost : public IJXActionHost {
   void UpdateKeyValue(TCustomJXAction& action, int index, const std::string& old_value,
                       const std::string& new_value) override;
   bool ExecuteScript(TCustomJXAction& action, const std::string& name, Variant& result) override;
-  bool EncryptString(const std::string& plain, std::string& encrypted) override;
-  bool DecryptString(const std::string& encrypted, std::string& plain) override;
+  bool EncryptString(const std::string& plain, const std::string& key, std::string& encrypted) override;
+  bool DecryptString(const std::string& encrypted, const std::string& key, std::string& plain) override;
 
   // What the action did.
   std::vector<std::string> Lines;                 // every log line in order

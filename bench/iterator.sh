@@ -1,0 +1,65 @@
+#!/usr/bin/env bash
+# File Iterator over 20,000 files in 200 directories (Recurse), whole process,
+# every run logging to a file.
+#  - The search: a loop whose child fails on the first pass, so the run is the
+#    search, the logged list and one pass; against `find DIR -name PATTERN`.
+#  - The host's cost per pass: a loop with one cheap child per file (Delete
+#    File(s) on an empty directory), less the search run, less the child runs
+#    alone: a project of as many such actions in a row, less the same project
+#    with them disabled (loading 20,000 actions is no part of a pass).
+source "$(dirname "$0")/common.sh"
+DIRS=${DIRS:-200}
+PER_DIR=${PER_DIR:-100}
+COUNT=$((DIRS * PER_DIR))
+TREE=$SCRATCH/iterator-tree
+mkdir -p "$SCRATCH/empty"
+
+if [ "$(find "$TREE" -name '*.o' 2>/dev/null | wc -l)" != "$COUNT" ]; then
+  rm -rf "$TREE"
+  for i in $(seq -f '%03g' 0 $((DIRS - 1))); do make_files "$TREE/d$i" "$PER_DIR"; done
+fi
+
+child() {  # FAIL_IF_NO_FILE
+  echo "<Action Class=\"TDeleteFilesAction\"><Property Name=\"FileSpec\">$SCRATCH/empty/*.o</Property><Property Name=\"FailIfNoFile\">$1</Property></Action>"
+}
+loop_project() {  # FILE FAIL_IF_NO_FILE
+  {
+    echo '<?xml version="1.0" encoding="UTF-8"?><Project><Actions>'
+    echo '<Action Class="TFileIterator"><Property Name="VariableName">FILE</Property>'
+    echo "<Property Name=\"FileSpec\">$TREE/*.o</Property><Property Name=\"Recurse\">True</Property>"
+    echo "<Actions>$(child "$2")</Actions></Action>"
+    echo '</Actions></Project>'
+  } > "$1"
+}
+children_project() {  # FILE ENABLED
+  {
+    echo '<?xml version="1.0" encoding="UTF-8"?><Project><Actions>'
+    for _ in $(seq "$COUNT"); do child False; done | sed "s/<Action /<Action Enabled=\"$2\" /"
+    echo '</Actions></Project>'
+  } > "$1"
+}
+loop_project "$SCRATCH/loop.xml" False
+loop_project "$SCRATCH/search.xml" True
+children_project "$SCRATCH/children.xml" True
+children_project "$SCRATCH/disabled.xml" False
+
+measure() {  # NAME COMMAND...: mean seconds into $NAME
+  hyperfine -N -i --runs "$RUNS" --export-json "$SCRATCH/$1.json" "${*:2}" >/dev/null
+  printf -v "$1" '%s' "$(mean_of "$SCRATCH/$1.json")"
+}
+run() {  # PROJECT: the jaxtor command line that runs it
+  echo "$JAXTOR run $SCRATCH/$1.xml --unattended --log $SCRATCH/$1.log"
+}
+measure loop "$(run loop)"
+measure search "$(run search)"
+measure children "$(run children)"
+measure disabled "$(run disabled)"
+measure find "find $TREE -name *.o"
+grep -q "Found $COUNT Files." "$SCRATCH/loop.log" || { echo "the loop did not find $COUNT files" >&2; exit 1; }
+
+awk -v l="$loop" -v s="$search" -v c="$children" -v d="$disabled" -v f="$find" -v n="$COUNT" 'BEGIN {
+  printf "loop of %d passes: %.1f ms; search run: %.1f ms\n", n, l * 1e3, s * 1e3
+  printf "%d children: %.1f ms; the same disabled: %.1f ms\n", n, c * 1e3, d * 1e3
+  printf "host cost per pass: %.1f us\n", (l - s - (c - d)) / n * 1e6
+  printf "search run against find: %.1f ms / %.1f ms = %.2f\n", s * 1e3, f * 1e3, s / f
+}'

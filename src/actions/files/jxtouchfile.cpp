@@ -1,0 +1,235 @@
+#include "actions/files/jxtouchfile.h"
+
+#include <cmath>
+
+#include "platform/attributes.h"
+#include "platform/clock.h"
+#include "platform/filetime.h"
+#include "platform/findfile.h"
+#include "rtl/paths.h"
+#include "rtl/strutils.h"
+
+namespace jx {
+
+namespace {
+
+bool IsDotEntry(const std::string& name) { return name == "." || name == ".."; }
+
+// Stands in for FormatDateTime("c", value) until the runtime has the
+// date-time pattern formatter.
+std::string FormatShortDateLongTime(TDateTime value) { return DateTimeToISO(value); }
+
+}  // namespace
+
+TCustomTouchFilesAction::TCustomTouchFilesAction() {
+  FDateTime = Now();
+  FTouchDate = true;
+  FTouchTime = true;
+  FTouchReadOnly = false;
+  FRecurse = false;
+  FUseNow = false;
+}
+
+void TCustomTouchFilesAction::SetDateTime(TDateTime value) {
+  if (value != FDateTime) FDateTime = value;
+}
+
+void TCustomTouchFilesAction::SetFileSpec(const std::string& value) {
+  if (value != FFileSpec) FFileSpec = value;
+}
+
+void TCustomTouchFilesAction::SetTouchDate(bool value) {
+  if (value != FTouchDate) FTouchDate = value;
+}
+
+void TCustomTouchFilesAction::SetTouchTime(bool value) {
+  if (value != FTouchTime) FTouchTime = value;
+}
+
+void TCustomTouchFilesAction::SetTouchReadOnly(bool value) {
+  if (value != FTouchReadOnly) FTouchReadOnly = value;
+}
+
+void TCustomTouchFilesAction::SetRecurse(bool value) {
+  if (value != FRecurse) FRecurse = value;
+}
+
+void TCustomTouchFilesAction::SetUseNow(bool value) {
+  if (value != FUseNow) FUseNow = value;
+}
+
+std::string TCustomTouchFilesAction::DateTimeAsString() const { return FormatShortDateLongTime(FDateTime); }
+
+void TCustomTouchFilesAction::SetDateTimeAsString(const std::string& value) {
+  TDateTime parsed = 0;
+  if (TryISOToDateTime(value, parsed)) SetDateTime(parsed);
+}
+
+std::string TCustomTouchFilesAction::GetActionName() const { return "Touch File(s)"; }
+
+std::string TCustomTouchFilesAction::GetQuickHelpFilename() const { return "Plugins\\TouchFiles.html"; }
+
+int TCustomTouchFilesAction::GetHelpTopicID() const { return 980; }
+
+bool TCustomTouchFilesAction::Validate(IJXActionValidationError& errors) {
+  if (FFileSpec.empty()) {
+    errors.AddError("File Spec", "File spec has not been set");
+    return false;
+  }
+  return true;
+}
+
+void TCustomTouchFilesAction::GetHiddenProperties(TStrings& list) const {
+  TJXAction::GetHiddenProperties(list);
+  list.Add("DateTime");
+  list.Add("FileCount");
+  list.Add("DateTimeAsString");
+}
+
+void TCustomTouchFilesAction::GetPropertyAlias(TStrings& list) const {
+  TJXAction::GetPropertyAlias(list);
+  list.Add("[Touch]");
+  list.Add("TouchDate=Touch Date");
+  list.Add("TouchTime=Touch Time");
+  list.Add("Recurse=Recurse Directories");
+  list.Add("TouchReadOnly=Touch Read Only");
+  list.Add("DateTimeString=Date Time");
+  list.Add("FileSpec=File Specification");
+  list.Add("UseNow=Use Now");
+}
+
+void TCustomTouchFilesAction::GetPropertyHelp(TStrings& list) const {
+  TJXAction::GetPropertyHelp(list);
+  list.Add("TouchDate=Touch File Date");
+  list.Add("TouchTime=Touch File Time");
+  list.Add("Recurse=Recurse Directories");
+  list.Add("TouchReadOnly=Touch Read Only Files");
+  list.Add("FileSpec=File Specification (wildcards may be used)");
+  list.Add("DateTimeString=Date Time");
+  list.Add("UseNow=Use Now for Date Time");
+}
+
+bool TCustomTouchFilesAction::Execute() {
+  if (FUseNow) SetDateTime(Now());
+  const std::string spec = ExpandExpression(FFileSpec, true);
+  if (spec.empty()) {
+    LogStatus("File Spec is blank!");
+    return false;
+  }
+  if (!FTouchDate && !FTouchTime) {
+    LogStatus(" Touch Date and TouchTime are not set, nothing to do");
+    return false;
+  }
+  FFileCount = 0;
+  const bool result = ProcessFiles(spec);
+  LogStatus("Processed : " + IntToStr(FFileCount) + " File(s)");
+  return result;
+}
+
+// The result of the last subdirectory replaces the result so far, so an
+// error above it can end in success: the action's established outcome.
+bool TCustomTouchFilesAction::ProcessFiles(const std::string& spec) {
+  const std::string dir = ExtractFilePath(spec);
+  try {
+    bool result = TouchMatches(spec, dir);
+    if (FRecurse) result = ProcessSubdirectories(dir, ExtractFileName(spec), result);
+    return result;
+  } catch (const std::exception& e) {
+    LogStatus(e.what());
+    return false;
+  }
+}
+
+// Normal files only: hidden and system files are not searched for. Stops at
+// the first file that cannot be touched.
+bool TCustomTouchFilesAction::TouchMatches(const std::string& spec, const std::string& dir) {
+  TSearchRec rec;
+  if (FindFirst(spec, faReadOnly | faArchive, rec) != 0) return true;
+  const std::string parent = IncludeTrailingPathDelimiter(dir);
+  bool result = true;
+  do {
+    if (IsDotEntry(rec.Name)) continue;
+    if (!TouchFile(parent + rec.Name)) {
+      LogStatus("Error touching File : " + dir + rec.Name);
+      result = false;
+      break;
+    }
+  } while (FindNext(rec) == 0);
+  FindClose(rec);
+  return result;
+}
+
+// Hidden and system directories are not searched for, so not entered.
+bool TCustomTouchFilesAction::ProcessSubdirectories(const std::string& dir, const std::string& mask, bool result) {
+  const std::string parent = IncludeTrailingPathDelimiter(dir);
+  TSearchRec rec;
+  if (FindFirst(parent + "*.*", faDirectory, rec) != 0) return result;
+  do {
+    if ((rec.Attr & faDirectory) != 0 && !IsDotEntry(rec.Name)) {
+      result = ProcessFiles(parent + rec.Name + PathDelim + mask);
+    }
+  } while (FRecurse && FindNext(rec) == 0);
+  FindClose(rec);
+  return result;
+}
+
+// A read-only file is skipped (and counts as success) unless TouchReadOnly;
+// then it is made writable for the touch and read-only again afterwards.
+bool TCustomTouchFilesAction::TouchFile(const std::string& path) {
+  const uint32_t attributes = FileGetAttr(path);
+  const bool read_only = (attributes & faReadOnly) != 0;
+  if (read_only) {
+    if (!FTouchReadOnly) return true;
+    FileSetAttr(path, attributes & ~faReadOnly);
+  }
+  bool touched = false;
+  if (TFileHandle file = TFileHandle::OpenForWrite(path); file.IsOpen()) {
+    TDateTime current = 0;
+    file.GetLastWriteTime(current);
+    // The time passes through the packed FAT date-time: seconds fall to an
+    // even number, and a year it cannot hold leaves the file's time alone.
+    TDateTime stamp = 0;
+    if (TryFileDateToDateTime(DateTimeToFileDate(NewTimeOf(current)), stamp)) file.SetLastWriteTime(stamp);
+    ++FFileCount;
+    touched = true;
+  }
+  if (read_only) FileSetAttr(path, attributes);
+  return touched;
+}
+
+TDateTime TCustomTouchFilesAction::NewTimeOf(TDateTime current) const {
+  TDateTime date = std::trunc(current);
+  TDateTime time_of_day = current - date;
+  if (FTouchDate) date = std::trunc(FDateTime);
+  if (FTouchTime) time_of_day = FDateTime - std::trunc(FDateTime);
+  return date + time_of_day;
+}
+
+void TCustomTouchFilesAction::LogStatus(const std::string& line) {
+  IJXActionLogMessagePtr block = CreateStatusMessage();
+  block->GetLines().Add(line);
+  SendStatusMessage(block);
+}
+
+const TJXClassInfo& TTouchFilesAction::ClassInfo() {
+  using C = TTouchFilesAction;
+  static const TJXClassInfo info = MakeClassInfo<C>(
+      "TTouchFilesAction", TPublished<C>()
+                               .DateTime("DateTime", &C::DateTime, &C::SetDateTime)
+                               .WideString("FileSpec", &C::FileSpec, &C::SetFileSpec)
+                               .WordBool("TouchDate", &C::TouchDate, &C::SetTouchDate)
+                               .WordBool("TouchTime", &C::TouchTime, &C::SetTouchTime)
+                               .WordBool("TouchReadOnly", &C::TouchReadOnly, &C::SetTouchReadOnly)
+                               .WordBool("Recurse", &C::Recurse, &C::SetRecurse)
+                               .WordBool("UseNow", &C::UseNow, &C::SetUseNow)
+                               .String("DateTimeString", &C::DateTimeString, &C::SetDateTimeString)
+                               .NotStored()
+                               .IntegerResult("FileCount", &C::FileCount)
+                               .NotStored()
+                               .String("DateTimeAsString", &C::DateTimeAsString, &C::SetDateTimeAsString)
+                               .NotStored()
+                               .Build());
+  return info;
+}
+
+}  // namespace jx

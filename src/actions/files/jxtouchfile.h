@@ -1,0 +1,77 @@
+// Touch File(s): sets the last-write date, time or both of every file that
+// matches a file spec, optionally in every subdirectory, to one given
+// date-time or to the moment the action runs.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "framework/jxaction.h"
+#include "rtl/datetime.h"
+
+namespace jx {
+
+class TCustomTouchFilesAction : public TJXAction {
+ public:
+  TCustomTouchFilesAction();
+
+  std::string GetActionName() const override;
+  bool Execute() override;
+  bool Validate(IJXActionValidationError& errors) override;
+  std::string GetQuickHelpFilename() const override;
+  int GetHelpTopicID() const override;
+  void GetHiddenProperties(TStrings& list) const override;
+  void GetPropertyAlias(TStrings& list) const override;
+  void GetPropertyHelp(TStrings& list) const override;
+
+  TDateTime DateTime() const { return FDateTime; }
+  void SetDateTime(TDateTime value);
+  const std::string& FileSpec() const { return FFileSpec; }
+  void SetFileSpec(const std::string& value);
+  bool TouchDate() const { return FTouchDate; }
+  void SetTouchDate(bool value);
+  bool TouchTime() const { return FTouchTime; }
+  void SetTouchTime(bool value);
+  bool TouchReadOnly() const { return FTouchReadOnly; }
+  void SetTouchReadOnly(bool value);
+  bool Recurse() const { return FRecurse; }
+  void SetRecurse(bool value);
+  bool UseNow() const { return FUseNow; }
+  void SetUseNow(bool value);
+  // A placeholder of the property grid: reads "Edit...", ignores what is
+  // written; its editor edits DateTime.
+  std::string DateTimeString() const { return "Edit..."; }
+  void SetDateTimeString(const std::string&) {}
+  int32_t FileCount() const { return FFileCount; }
+  // DateTime as text; text that is no date-time is ignored.
+  std::string DateTimeAsString() const;
+  void SetDateTimeAsString(const std::string& value);
+
+ protected:
+  // One directory level, and with Recurse every subdirectory below it.
+  bool ProcessFiles(const std::string& spec);
+  bool TouchFile(const std::string& path);
+
+  TDateTime FDateTime = 0;
+  std::string FFileSpec;
+  bool FTouchDate = true;
+  bool FTouchTime = true;
+  bool FTouchReadOnly = false;
+  bool FRecurse = false;
+  bool FUseNow = false;
+  int32_t FFileCount = 0;
+
+ private:
+  void LogStatus(const std::string& line);
+  bool TouchMatches(const std::string& spec, const std::string& dir);
+  bool ProcessSubdirectories(const std::string& dir, const std::string& mask, bool result);
+  TDateTime NewTimeOf(TDateTime current) const;
+};
+
+class TTouchFilesAction : public TCustomTouchFilesAction {
+ public:
+  static const TJXClassInfo& ClassInfo();
+  const TJXClassInfo& GetClassInfo() const override { return ClassInfo(); }
+};
+
+}  // namespace jx

@@ -1,0 +1,103 @@
+#include "actions/interactive/jxdatetimeaction.h"
+
+#include <exception>
+
+#include "framework/jxhostutils.h"
+#include "platform/clock.h"
+#include "platform/localeinfo.h"
+#include "rtl/formatdatetime.h"
+#include "rtl/strutils.h"
+
+namespace jx {
+
+TCustomDateTimeAction::TCustomDateTimeAction() {
+  FDateFormat = "ddmmyyyy";
+  FTheDate = Now();
+  FUseNow = false;
+  FForceSeparators = false;
+}
+
+void TCustomDateTimeAction::GetPropertyHelp(TStrings& list) const {
+  TJXAction::GetPropertyHelp(list);
+  list.Add("JXVariable=Jaxtor Variable to set");
+  list.Add("DateFormat=Date Format - eg. dd/mm/yyyy, d mmm yy, etc.");
+  list.Add("TheDate=The Date to use");
+  list.Add("UseNow=Uses the current datetime instead of \"TheDate\"");
+}
+
+void TCustomDateTimeAction::GetPropertyAlias(TStrings& list) const {
+  TJXAction::GetPropertyAlias(list);
+  list.Add("[DateTime]");
+  list.Add("JXVariable=JX Variable");
+  list.Add("DateFormat=Date Format");
+  list.Add("TheDate=The Date");
+  list.Add("UseNow=UseNow");
+}
+
+std::string TCustomDateTimeAction::GetQuickHelpFilename() const { return "Plugins\\GetDateTime.html"; }
+
+int TCustomDateTimeAction::GetHelpTopicID() const { return 1560; }
+
+std::string TCustomDateTimeAction::GetActionName() const { return "Get DateTime"; }
+
+bool TCustomDateTimeAction::Execute() {
+  std::string variable;
+  if (!ExpandProperty("JX Variable", FJXVariable, variable)) return false;
+  if (Trim(variable).empty()) {
+    SendMessage("Variable name must be specified!");
+    return false;
+  }
+  std::string pattern;
+  if (!ExpandProperty("DateFormat", FDateFormat, pattern)) return false;
+  if (Trim(pattern).empty()) {
+    SendMessage("A Date Format must be specified!");
+    return false;
+  }
+  if (FForceSeparators) pattern = DoubleQuoteString(pattern, false);
+
+  std::string text;
+  try {
+    text = FormatDateTime(pattern, FUseNow ? Now() : FTheDate, LocaleFormatSettings());
+  } catch (const std::exception& e) {
+    SendBlock(std::string("Error formating datetime : ") + e.what());
+    return false;
+  }
+  // The variable set is the one named as written: the expansion above only
+  // decided whether a name was given.
+  SetVariable(FJXVariable, text);
+  SendBlock("Set Variable \"" + FJXVariable + "\" to \"" + text + "\"");
+  return true;
+}
+
+// Expands `text`; on an error logs a block naming the property and returns false.
+bool TCustomDateTimeAction::ExpandProperty(const std::string& caption, const std::string& text,
+                                           std::string& expanded) {
+  try {
+    expanded = ExpandExpression(text, true);
+    return true;
+  } catch (const std::exception& e) {
+    SendBlock("Error Expanding String property (" + caption + ") : " + e.what());
+    return false;
+  }
+}
+
+void TCustomDateTimeAction::SendBlock(const std::string& line) {
+  IJXActionLogMessagePtr block = CreateStatusMessage();
+  block->GetLines().Add(line);
+  SendStatusMessage(block);
+}
+
+const TJXClassInfo& TDateTimeAction::ClassInfo() {
+  using C = TDateTimeAction;
+  static const TJXClassInfo info = MakeClassInfo<C>(
+      "TDateTimeAction", TPublished<C>()
+                             .String("DateFormat", &C::DateFormat, &C::SetDateFormat)
+                             .DateTime("TheDate", &C::TheDate, &C::SetTheDate)
+                             .Boolean("UseNow", &C::UseNow, &C::SetUseNow)
+                             .String("JXVariable", &C::JXVariable, &C::SetJXVariable)
+                             .Boolean("ForceSeparators", &C::ForceSeparators, &C::SetForceSeparators)
+                             .Build());
+  return info;
+}
+
+}  // namespace jx

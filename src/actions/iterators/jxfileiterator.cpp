@@ -1,0 +1,184 @@
+#include "actions/iterators/jxfileiterator.h"
+
+#include <exception>
+#include <vector>
+
+#include "platform/attributes.h"
+#include "platform/findfile.h"
+#include "rtl/paths.h"
+#include "rtl/strutils.h"
+
+namespace jx {
+
+TCustomFileIterator::TCustomFileIterator() {
+  FRecurse = false;
+  FIncludeFilePath = true;
+}
+
+void TCustomFileIterator::SetVariableName(const std::string& value) {
+  if (value != FVariableName) FVariableName = value;
+}
+
+void TCustomFileIterator::SetFileSpec(const std::string& value) {
+  if (value != FFileSpec) FFileSpec = value;
+}
+
+// A recursive search needs the directory of each file, and a bare name
+// cannot say where it was found: the two options are kept consistent.
+void TCustomFileIterator::SetRecurse(bool value) {
+  FRecurse = value;
+  if (value) FIncludeFilePath = true;
+}
+
+void TCustomFileIterator::SetIncludeFilePath(bool value) {
+  FIncludeFilePath = value;
+  if (!value) FRecurse = false;
+}
+
+std::string TCustomFileIterator::GetActionName() const { return "File Iterator"; }
+
+std::string TCustomFileIterator::GetQuickHelpFilename() const { return "Plugins\\FileIterator.html"; }
+
+int TCustomFileIterator::GetHelpTopicID() const { return 950; }
+
+// An empty VariableName is reported at run time, not here.
+bool TCustomFileIterator::Validate(IJXActionValidationError& errors) {
+  if (FFileSpec.empty()) {
+    errors.AddError("File Spec", "File Spec has not been set");
+    return false;
+  }
+  return true;
+}
+
+void TCustomFileIterator::GetHiddenProperties(TStrings& list) const {
+  TWhileAction::GetHiddenProperties(list);
+  list.Add("FileIndex");
+  list.Add("FileCount");
+}
+
+void TCustomFileIterator::ResetBuildStatus() {
+  TWhileAction::ResetBuildStatus();
+  Reset();
+}
+
+void TCustomFileIterator::Reset() { FState.Reset(); }
+
+void TCustomFileIterator::GetNextActionSource(int state, int& next) { FState.NextActionSource(state, next); }
+
+// Runs before every pass: the first pass of a loop searches, each pass sets
+// the variable to its file.
+bool TCustomFileIterator::Execute() {
+  if (FVariableName.empty()) {
+    SendMessage("Variable Name not set");
+    return false;
+  }
+  const bool result = TWhileAction::Execute();
+  if (!result) return false;
+  if (!FState.Populated && !Populate()) return false;
+  if (FState.HasCurrent() && !SetCurrentFile()) return false;
+  return result;
+}
+
+bool TCustomFileIterator::Populate() {
+  std::string spec;
+  try {
+    spec = ExpandExpression(FFileSpec, true);
+  } catch (const std::exception& e) {
+    SendMessage("Error Setting File Spec");
+    SendMessage(std::string("--> ") + e.what());
+    return false;
+  }
+  SendMessage("Searching for Files...");
+  FState.Items.Clear();
+  try {
+    PopulateFileList(spec);
+  } catch (const std::exception& e) {
+    SendMessage(std::string("Error while searching for files : ") + e.what());
+    return false;
+  }
+  SendMessage("Found " + IntToStr(FState.Items.Count()) + " Files.");
+  SendMessage(FState.Items.GetText());
+  FState.MarkPopulated();
+  return true;
+}
+
+bool TCustomFileIterator::SetCurrentFile() {
+  try {
+    SetVariable(FVariableName, Variant(FState.Current()));
+    return true;
+  } catch (const std::exception& e) {
+    SendMessage("Error Setting Variable");
+    SendMessage(std::string("--> ") + e.what());
+    SetActionStatus(TJXActionStatus::asFailed);
+    return false;
+  }
+}
+
+// The files of the file spec's directory in the order the file system
+// gives them, then, depth first, those of each subdirectory.
+void TCustomFileIterator::PopulateFileList(const std::string& spec) {
+  if (FRecurse) {
+    AddFilesOfTree(spec);
+  } else {
+    AddMatchingFiles(spec);
+  }
+}
+
+void TCustomFileIterator::AddFile(const std::string& dir, const std::string& name) {
+  FState.Items.Add(FIncludeFilePath ? dir + name : name);
+}
+
+// Normal, read-only and archive files; hidden and system files, directories
+// and volume labels stay out.
+void TCustomFileIterator::AddMatchingFiles(const std::string& spec) {
+  const std::string dir = ExtractFilePath(spec);
+  TSearchRec rec;
+  if (FindFirst(spec, faReadOnly | faArchive, rec) != 0) return;
+  do {
+    AddFile(dir, rec.Name);
+  } while (FindNext(rec) == 0);
+  FindClose(rec);
+}
+
+// Each directory is read once, for its matching files and its subdirectories
+// alike: examining an entry's attributes is what a search costs, and a search
+// for the files followed by one for the subdirectories would examine every
+// file twice. Hidden and system directories are not entered.
+void TCustomFileIterator::AddFilesOfTree(const std::string& spec) {
+  const std::string dir = ExtractFilePath(spec);
+  const std::string mask = ExtractFileName(spec);
+  std::vector<std::string> subdirs;
+  TSearchRec rec;
+  if (FindFirst(dir + "*.*", faDirectory | faReadOnly | faArchive, rec) == 0) {
+    do {
+      if (!(rec.Attr & faDirectory)) {
+        if (MatchesMask(rec.Name, mask)) AddFile(dir, rec.Name);
+      } else if (rec.Name != "." && rec.Name != "..") {
+        subdirs.push_back(rec.Name);
+      }
+    } while (FindNext(rec) == 0);
+    FindClose(rec);
+  }
+  for (const std::string& name : subdirs) {
+    if (!FRecurse) break;
+    AddFilesOfTree(dir + name + PathDelim + mask);
+  }
+}
+
+const TJXClassInfo& TFileIterator::ClassInfo() {
+  using C = TFileIterator;
+  static const TJXClassInfo info = MakeClassInfo<C>(
+      "TFileIterator", TPublished<C>()
+                           .WideString("VariableName", &C::VariableName, &C::SetVariableName)
+                           .WideString("FileSpec", &C::FileSpec, &C::SetFileSpec)
+                           .Boolean("Recurse", &C::Recurse, &C::SetRecurse)
+                           .Boolean("IncludeFilePath", &C::IncludeFilePath, &C::SetIncludeFilePath)
+                           .IntegerResult("FileCount", &C::FileCount)
+                           .NotStored()
+                           .IntegerResult("FileIndex", &C::FileIndex)
+                           .NotStored()
+                           .Build());
+  return info;
+}
+
+}  // namespace jx

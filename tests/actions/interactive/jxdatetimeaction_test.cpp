@@ -1,0 +1,121 @@
+#include "actions/interactive/jxdatetimeaction.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/clock.h"
+#include "rtl/formatdatetime.h"
+#include "support/recordinghost.h"
+
+namespace jx {
+namespace {
+
+using test::Hosted;
+using test::RecordingValidation;
+using Lines = std::vector<std::string>;
+
+// The patterns below use no names and no separators, so the results do not
+// depend on the machine's locale.
+class DateTimeActionTest : public ::testing::Test {
+ protected:
+  DateTimeActionTest() {
+    h.Action.SetTheDate(EncodeDateTime(2026, 11, 15, 14, 5, 9, 7));
+    h.Action.SetJXVariable("STAMP");
+  }
+  Hosted<TDateTimeAction> h;
+};
+
+TEST_F(DateTimeActionTest, DefaultsAndDescriptions) {
+  const TDateTime before = Now();
+  TDateTimeAction a;
+  const TDateTime after = Now();
+  EXPECT_EQ("ddmmyyyy", a.DateFormat());
+  EXPECT_LE(before, a.TheDate());
+  EXPECT_GE(after, a.TheDate());
+  EXPECT_FALSE(a.UseNow());
+  EXPECT_EQ("", a.JXVariable());
+  EXPECT_FALSE(a.ForceSeparators());
+  EXPECT_EQ("Get DateTime", a.GetActionName());
+  EXPECT_EQ("Plugins\\GetDateTime.html", a.GetQuickHelpFilename());
+  EXPECT_EQ(1560, a.GetHelpTopicID());
+
+  TStringList alias, help;
+  a.GetPropertyAlias(alias);
+  a.GetPropertyHelp(help);
+  EXPECT_EQ((Lines{"[DateTime]", "JXVariable=JX Variable", "DateFormat=Date Format", "TheDate=The Date",
+                   "UseNow=UseNow"}),
+            alias.Lines());
+  EXPECT_EQ((Lines{"JXVariable=Jaxtor Variable to set", "DateFormat=Date Format - eg. dd/mm/yyyy, d mmm yy, etc.",
+                   "TheDate=The Date to use", "UseNow=Uses the current datetime instead of \"TheDate\""}),
+            help.Lines());
+
+  RecordingValidation errors;
+  EXPECT_TRUE(a.Validate(errors));
+  EXPECT_TRUE(errors.Errors.empty());
+}
+
+TEST_F(DateTimeActionTest, DefaultPatternGivesEightDigitsDayFirst) {
+  EXPECT_TRUE(h.Action.Execute());
+  EXPECT_EQ(Variant("15112026"), h.Host.Variables["STAMP"]);
+  EXPECT_EQ((std::vector<Lines>{{"Set Variable \"STAMP\" to \"15112026\""}}), h.Host.Blocks);
+}
+
+TEST_F(DateTimeActionTest, TheVariableIsNamedAsWrittenNotAsExpanded) {
+  h.Host.Variables["NAME"] = std::string("TARGET");
+  h.Action.SetJXVariable("%NAME%");
+  EXPECT_TRUE(h.Action.Execute());
+  EXPECT_EQ(Variant("15112026"), h.Host.Variables["%NAME%"]);
+  EXPECT_EQ(0u, h.Host.Variables.count("TARGET"));
+  EXPECT_EQ((Lines{"Set Variable \"%NAME%\" to \"15112026\""}), h.Host.Lines);
+}
+
+TEST_F(DateTimeActionTest, BlankNameOrPatternFailsAtRunTime) {
+  h.Host.Variables["BLANK"] = std::string("  ");
+  for (const char* name : {"", "   ", "%BLANK%"}) {
+    h.Action.SetJXVariable(name);
+    EXPECT_FALSE(h.Action.Execute()) << name;
+  }
+  h.Action.SetJXVariable("STAMP");
+  h.Action.SetDateFormat(" \t");
+  EXPECT_FALSE(h.Action.Execute());
+  EXPECT_EQ((Lines{"Variable name must be specified!", "Variable name must be specified!",
+                   "Variable name must be specified!", "A Date Format must be specified!"}),
+            h.Host.Lines);
+  EXPECT_EQ(1u, h.Host.Variables.size());
+}
+
+TEST_F(DateTimeActionTest, ExpansionErrorsNameTheProperty) {
+  h.Action.SetJXVariable("%MISSING%");
+  EXPECT_FALSE(h.Action.Execute());
+  h.Action.SetJXVariable("STAMP");
+  h.Action.SetDateFormat("dd%NOFMT%");
+  EXPECT_FALSE(h.Action.Execute());
+  EXPECT_EQ((std::vector<Lines>{
+                {"Error Expanding String property (JX Variable) : Variable \"MISSING\" is not defined"},
+                {"Error Expanding String property (DateFormat) : Variable \"NOFMT\" is not defined"}}),
+            h.Host.Blocks);
+  EXPECT_TRUE(h.Host.Variables.empty());
+}
+
+// The host helper wraps the whole pattern in double quotes, which the pattern
+// language reads as literal text.
+TEST_F(DateTimeActionTest, ForceSeparatorsQuotesThePattern) {
+  h.Action.SetDateFormat("yyyy mm");
+  h.Action.SetForceSeparators(true);
+  EXPECT_TRUE(h.Action.Execute());
+  EXPECT_EQ(Variant("yyyy mm"), h.Host.Variables["STAMP"]);
+}
+
+TEST_F(DateTimeActionTest, UseNowFormatsTheMomentOfTheRun) {
+  h.Action.SetDateFormat("yyyymmdd");
+  h.Action.SetTheDate(EncodeDateTime(2001, 2, 3, 0, 0, 0, 0));
+  h.Action.SetUseNow(true);
+  const std::string before = FormatDateTime("yyyymmdd", Now(), ClassicFormatSettings());
+  EXPECT_TRUE(h.Action.Execute());
+  const std::string after = FormatDateTime("yyyymmdd", Now(), ClassicFormatSettings());
+  const std::string stamp = h.Host.Variables["STAMP"].ToString();
+  EXPECT_TRUE(stamp == before || stamp == after) << stamp;
+  EXPECT_NE("20010203", stamp);
+}
+
+}  // namespace
+}  // namespace jx
