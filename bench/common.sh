@@ -25,5 +25,5 @@ mean_of() {
 # ratio_of JSON: the mean time of the first command of a hyperfine export
 # divided by that of the second.
 ratio_of() {
-  grep '"mean"' "$1" | sed 's/[^0-9.e-]//g' | awk 'NR == 1 { a = $1 } NR == 2 { b = $1 } END { printf "%.2f", a / b }'
+  grep '"mean"' "$1" | sed 's/.*"mean": *//; s/,.*//' | awk 'NR == 1 { a = $1 } NR == 2 { b = $1 } END { printf "%.2f", a / b }'
 }

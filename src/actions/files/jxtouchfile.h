@@ -1,5 +1,5 @@
 // Touch File(s): sets the last-write date, time or both of every file that
-// matches a specification, optionally in every subdirectory, to one given
+// matches a file spec, optionally in every subdirectory, to one given
 // date-time or to the moment the action runs.
 #pragma once
 
