@@ -45,7 +45,7 @@ trap 'rm -rf "$TREE" "$TREE_COPY" "$BIG" "$BIG_COPY"' EXIT
 make_tree
 write_project "$SCRATCH/copy-tree.xml" "$TREE/*" "$TREE_COPY" \
   '<Property Name="TargetIsDir">True</Property><Property Name="Force">True</Property><Property Name="Recurse">True</Property>'
-hyperfine -N --runs "$RUNS" --export-json "$SCRATCH/copy-tree.json" \
+hyperfine -N --warmup 1 --runs "$RUNS" --export-json "$SCRATCH/copy-tree.json" \
   --prepare "rm -rf $TREE_COPY" --cleanup "rm -rf $TREE_COPY" \
   "$JAXTOR run $SCRATCH/copy-tree.xml --unattended --log $SCRATCH/copy-tree.log" \
   "cp -r $TREE $TREE_COPY"
@@ -54,7 +54,7 @@ rm -rf "$TREE" "$TREE_COPY"
 
 head -c $((BIG_MIB * 1024 * 1024)) /dev/urandom > "$BIG"
 write_project "$SCRATCH/copy-big.xml" "$BIG" "$BIG_COPY" ''
-hyperfine -N --runs "$RUNS" --export-json "$SCRATCH/copy-big.json" \
+hyperfine -N --warmup 1 --runs "$RUNS" --export-json "$SCRATCH/copy-big.json" \
   --prepare "rm -f $BIG_COPY" --cleanup "rm -f $BIG_COPY" \
   "$JAXTOR run $SCRATCH/copy-big.xml --unattended --log $SCRATCH/copy-big.log" \
   "cp $BIG $BIG_COPY"

@@ -20,7 +20,7 @@ cat > "$SCRATCH/move.xml" <<XML
 XML
 
 trap 'rm -rf "$SRC" "$DST"' EXIT
-hyperfine -N --runs "$RUNS" --export-json "$SCRATCH/move.json" \
+hyperfine -N --warmup 1 --runs "$RUNS" --export-json "$SCRATCH/move.json" \
   --prepare "bash -c 'source $ROOT/bench/common.sh; make_files $SRC $COUNT; rm -rf $DST; mkdir $DST'" \
   "$JAXTOR run $SCRATCH/move.xml --unattended --log $SCRATCH/move.log" \
   "bash -c 'mv $SRC/*.o $DST/'"

@@ -92,8 +92,8 @@ const std::vector<TEditorRow>& EditorRows() {
   return rows;
 }
 
-// One step of the page registration: an action's pages (none when Class is
-// null), then the property editors registered right after them.
+// One step of the page registration: an action's pages, then the property
+// editors registered right after them.
 struct TPageStep {
   TPageStep(TClassRef cls, std::vector<TEditorRow> editors_after = {})
       : Class(cls), EditorsAfter(std::move(editors_after)) {}
@@ -149,7 +149,7 @@ void RegisterPagesOf(const TJXClassInfo& cls) {
 
 void RegisterPages() {
   for (const TPageStep& step : PageOrder()) {
-    if (step.Class) RegisterPagesOf(step.Class());
+    RegisterPagesOf(step.Class());
     RegisterEditors(step.EditorsAfter);
   }
 }

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "host/stringcipher.h"
 #include "rtl/strutils.h"
 #include "rtl/sysutils.h"
 
@@ -104,8 +105,12 @@ bool ActionHost::ExecuteScript(TCustomJXAction& action, const std::string& name,
   return false;
 }
 
-bool ActionHost::EncryptString(const std::string&, const std::string&, std::string&) { return false; }
+bool ActionHost::EncryptString(const std::string& plain, const std::string& key, std::string& encrypted) {
+  return EncryptText(plain, key, encrypted);
+}
 
-bool ActionHost::DecryptString(const std::string&, const std::string&, std::string&) { return false; }
+bool ActionHost::DecryptString(const std::string& encrypted, const std::string& key, std::string& plain) {
+  return DecryptText(encrypted, key, plain);
+}
 
 }  // namespace jx

@@ -44,7 +44,7 @@ class ActionHost : public IJXActionHost {
 
   // A blank script succeeds; any other script fails: no script engine yet.
   bool ExecuteScript(TCustomJXAction& action, const std::string& name, Variant& result) override;
-  // No encryption yet: both fail.
+  // See host/stringcipher.h: printable, authenticated, a random nonce each time.
   bool EncryptString(const std::string& plain, const std::string& key, std::string& encrypted) override;
   bool DecryptString(const std::string& encrypted, const std::string& key, std::string& plain) override;
 

@@ -48,9 +48,6 @@ void SplitDateTime(TDateTime value, int64_t& days, int64_t& msec_of_day) {
   msec_of_day = std::llabs(total % kMSecsPerDay);
 }
 
-// Date plus time of day, the time counting away from zero before 1899-12-30.
-TDateTime CombineDateTime(TDateTime date, TDateTime time) { return date >= 0 ? date + time : date - time; }
-
 std::string ZeroPadded(int value, size_t width) {
   std::string text = std::to_string(value);
   if (text.size() < width) text.insert(0, width - text.size(), '0');
@@ -127,6 +124,8 @@ TDateTime EncodeTime(int hour, int min, int sec, int msec) {
   if (!TryEncodeTime(hour, min, sec, msec, result)) throw EConvertError("Invalid argument to time encode");
   return result;
 }
+
+TDateTime CombineDateTime(TDateTime date, TDateTime time) { return date >= 0 ? date + time : date - time; }
 
 TDateTime EncodeDateTime(int year, int month, int day, int hour, int min, int sec, int msec) {
   return CombineDateTime(EncodeDate(year, month, day), EncodeTime(hour, min, sec, msec));

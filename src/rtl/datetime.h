@@ -20,6 +20,8 @@ bool TryEncodeTime(int hour, int min, int sec, int msec, TDateTime& result);
 TDateTime EncodeDate(int year, int month, int day);        // throws EConvertError "Invalid argument to date encode"
 TDateTime EncodeTime(int hour, int min, int sec, int msec);  // throws EConvertError "Invalid argument to time encode"
 TDateTime EncodeDateTime(int year, int month, int day, int hour, int min, int sec, int msec);
+// A date plus a time of day; before 1899-12-30 the time counts away from zero.
+TDateTime CombineDateTime(TDateTime date, TDateTime time);
 
 struct TDateTimeParts {
   int Year = 0, Month = 0, Day = 0, Hour = 0, Minute = 0, Second = 0, MilliSecond = 0;

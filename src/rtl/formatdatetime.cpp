@@ -1,6 +1,8 @@
 #include "rtl/formatdatetime.h"
 
+#include <chrono>
 #include <cstddef>
+#include <utility>
 
 #include "rtl/strutils.h"
 
@@ -220,6 +222,143 @@ TFormatSettings MakeClassicSettings() {
   return s;
 }
 
+enum class DateOrder { MonthDayYear, DayMonthYear, YearMonthDay };
+
+// The first of d, m and y in the short date format decides the order.
+DateOrder DateOrderOf(std::string_view short_date_format) {
+  for (char c : short_date_format) {
+    switch (Upper(c)) {
+      case 'D': return DateOrder::DayMonthYear;
+      case 'Y': return DateOrder::YearMonthDay;
+      case 'M': return DateOrder::MonthDayYear;
+    }
+  }
+  return DateOrder::MonthDayYear;
+}
+
+// The year in UTC: around New Year it can be one off for some hours, which
+// only moves the edge of the two-digit window.
+int CurrentYear() {
+  const auto today = std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
+  return static_cast<int>(std::chrono::year_month_day(today).year());
+}
+
+// A two-digit year as one of the 100 years from `window` years ago on; the
+// current century when `window` is 0.
+int FullYear(int two_digit_year, int window) {
+  const int first = CurrentYear() - window;
+  const int year = first / 100 * 100 + two_digit_year;
+  return window > 0 && year < first ? year + 100 : year;
+}
+
+// Reads a date-time written with the settings, left to right.
+class DateTimeScanner {
+ public:
+  DateTimeScanner(std::string_view text, const TFormatSettings& settings) : text_(text), settings_(settings) {}
+
+  bool Scan(TDateTime& value) {
+    TDateTime date = 0, time = 0;
+    if (!ScanDate(date)) return false;
+    if (!AtEnd() && !ScanTime(time)) return false;
+    if (!AtEnd()) return false;
+    value = CombineDateTime(date, time);
+    return true;
+  }
+
+ private:
+  static constexpr size_t kMaxDigits = 9;  // keeps every number within an int
+
+  bool ScanDate(TDateTime& date) {
+    int n[3] = {0, 0, 0};
+    size_t digits[3] = {0, 0, 0};
+    for (size_t i = 0; i < 3; ++i) {
+      if (i > 0 && !ScanChar(settings_.DateSeparator)) return false;
+      digits[i] = ScanNumber(n[i]);
+      if (digits[i] == 0) return false;
+    }
+    int year = n[2], month = n[0], day = n[1];
+    size_t year_digits = digits[2];
+    switch (DateOrderOf(settings_.ShortDateFormat)) {
+      case DateOrder::MonthDayYear: break;
+      case DateOrder::DayMonthYear: std::swap(month, day); break;
+      case DateOrder::YearMonthDay:
+        year = n[0];
+        month = n[1];
+        day = n[2];
+        year_digits = digits[0];
+        break;
+    }
+    if (year_digits <= 2) year = FullYear(year, settings_.TwoDigitYearCenturyWindow);
+    return TryEncodeDate(year, month, day, date);
+  }
+
+  bool ScanTime(TDateTime& time) {
+    int am_pm = ScanAmPm();
+    int hour = 0, minute = 0, second = 0;
+    if (ScanNumber(hour) == 0) return false;
+    if (ScanChar(settings_.TimeSeparator)) {
+      if (ScanNumber(minute) == 0) return false;
+      if (ScanChar(settings_.TimeSeparator) && ScanNumber(second) == 0) return false;
+    }
+    if (am_pm == 0) am_pm = ScanAmPm();
+    if (am_pm != 0) {
+      if (hour > 12) return false;
+      hour = hour % 12 + (am_pm > 0 ? 12 : 0);
+    }
+    return TryEncodeTime(hour, minute, second, 0, time);
+  }
+
+  // -1 for an AM string, 1 for a PM string, 0 for neither.
+  int ScanAmPm() {
+    SkipBlanks();
+    for (std::string_view am : {std::string_view(settings_.TimeAMString), std::string_view("AM")}) {
+      if (ScanWord(am)) return -1;
+    }
+    for (std::string_view pm : {std::string_view(settings_.TimePMString), std::string_view("PM")}) {
+      if (ScanWord(pm)) return 1;
+    }
+    return 0;
+  }
+
+  // The number of digits read; 0 when there is no number or it is too long.
+  size_t ScanNumber(int& value) {
+    SkipBlanks();
+    const size_t start = pos_;
+    while (pos_ < text_.size() && text_[pos_] >= '0' && text_[pos_] <= '9') ++pos_;
+    const size_t digits = pos_ - start;
+    if (digits > kMaxDigits) return 0;
+    value = 0;
+    for (size_t i = start; i < pos_; ++i) value = value * 10 + (text_[i] - '0');
+    return digits;
+  }
+
+  bool ScanChar(char c) {
+    SkipBlanks();
+    if (pos_ == text_.size() || text_[pos_] != c) return false;
+    ++pos_;
+    return true;
+  }
+
+  bool ScanWord(std::string_view word) {
+    if (word.empty() || !StartsWithText(text_, pos_, word)) return false;
+    pos_ += word.size();
+    return true;
+  }
+
+  void SkipBlanks() {
+    while (pos_ < text_.size() && text_[pos_] == ' ') ++pos_;
+  }
+
+  bool AtEnd() {
+    SkipBlanks();
+    return pos_ == text_.size();
+  }
+
+  std::string_view text_;
+  const TFormatSettings& settings_;
+  size_t pos_ = 0;
+};
+
 }  // namespace
 
 const TFormatSettings& ClassicFormatSettings() {
@@ -231,6 +370,10 @@ std::string FormatDateTime(std::string_view format, TDateTime value, const TForm
   Formatter formatter(value, settings);
   formatter.Append(format.empty() ? std::string_view("c") : format, 0);
   return std::move(formatter.Result);
+}
+
+bool TryStrToDateTime(std::string_view text, TDateTime& value, const TFormatSettings& settings) {
+  return DateTimeScanner(text, settings).Scan(value);
 }
 
 }  // namespace jx

@@ -40,6 +40,9 @@ struct TFormatSettings {
   std::array<std::string, 12> LongMonthNames;
   std::array<std::string, 7> ShortDayNames;     // Sunday first
   std::array<std::string, 7> LongDayNames;
+  // TryStrToDateTime reads a one- or two-digit year as one of the 100 years
+  // that start this many years before the current one (0: this century).
+  int TwoDigitYearCenturyWindow = 50;
 };
 
 // The classic English settings, used where the system gives no locale:
@@ -50,5 +53,14 @@ const TFormatSettings& ClassicFormatSettings();
 
 // Formats `value` with `format`; an empty format means "c".
 std::string FormatDateTime(std::string_view format, TDateTime value, const TFormatSettings& settings);
+
+// Reads a short date and an optional time, as "c" writes them: three numbers
+// separated by DateSeparator in the day, month and year order of the first
+// of d, m and y in ShortDateFormat (month first when none); then the hour,
+// and minutes and seconds after TimeSeparator, with an AM or PM string (the
+// settings' or "AM"/"PM", in any case) after the time or before it. Blanks
+// may stand around every part. False, leaving `value` alone, when the whole
+// text is not such a date-time.
+bool TryStrToDateTime(std::string_view text, TDateTime& value, const TFormatSettings& settings);
 
 }  // namespace jx

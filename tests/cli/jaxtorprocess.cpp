@@ -43,4 +43,15 @@ std::string WriteProject(const TempDir& dir, const std::string& name, const std:
                                  "  </Variables>\n  <Actions>\n" + actions + "  </Actions>\n</Project>\n");
 }
 
+// The dump writes one variable a line: `  "NAME": {...},`.
+std::string DumpedVariable(const std::string& json, const std::string& name) {
+  const std::string key = "\n  \"" + name + "\": ";
+  const size_t start = json.find(key);
+  if (start == std::string::npos) return "(" + name + " not dumped)";
+  const size_t from = start + key.size();
+  std::string object = json.substr(from, json.find('\n', from) - from);
+  if (!object.empty() && object.back() == ',') object.pop_back();
+  return object;
+}
+
 }  // namespace jx::test

@@ -22,4 +22,8 @@ JaxtorResult RunJaxtor(const std::vector<std::string>& args, const TempDir& dir)
 std::string WriteProject(const TempDir& dir, const std::string& name, const std::string& variables,
                          const std::string& actions);
 
+// The object of variable `name` in a --dump-variables file as written, such as
+// {"type": "string", "value": "x"}; "(NAME not dumped)" when it is not there.
+std::string DumpedVariable(const std::string& json, const std::string& name);
+
 }  // namespace jx::test

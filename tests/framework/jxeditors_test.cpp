@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "actions/files/jxtouchfile.h"
+#include "platform/localeinfo.h"
+#include "rtl/formatdatetime.h"
 
 namespace jx {
 namespace {
@@ -31,11 +33,13 @@ TEST(FileAttributeEditor, ShowsWordsAndStoresTypedText) {
 TEST(TouchFilesDateEditor, EditsTheDateTimeBehindThePlaceholder) {
   TTouchFilesAction action;
   const TPropertyInfo& placeholder = *TTouchFilesAction::ClassInfo().FindProperty("DateTimeString");
-  TTouchFilesDateEditor.SetEditText(action, placeholder, "2020-01-02T03:04:05");
-  EXPECT_EQ(EncodeDateTime(2020, 1, 2, 3, 4, 5, 0), action.DateTime());
-  EXPECT_EQ("2020-01-02T03:04:05", TTouchFilesDateEditor.GetEditText(action, placeholder));
+  const TDateTime value = EncodeDateTime(2020, 1, 2, 3, 4, 5, 0);
+  const std::string text = FormatDateTime("c", value, LocaleFormatSettings());
+  TTouchFilesDateEditor.SetEditText(action, placeholder, text);
+  EXPECT_EQ(value, action.DateTime());
+  EXPECT_EQ(text, TTouchFilesDateEditor.GetEditText(action, placeholder));
   TTouchFilesDateEditor.SetEditText(action, placeholder, "tomorrow");
-  EXPECT_EQ(EncodeDateTime(2020, 1, 2, 3, 4, 5, 0), action.DateTime());
+  EXPECT_EQ(value, action.DateTime());
   EXPECT_EQ("Edit...", placeholder.GetText(action));
 }
 

@@ -97,10 +97,13 @@ TEST_F(ActionHostTest, BlankScriptsSucceedOthersFailWithAReason) {
   EXPECT_EQ("Scripts are not supported by this host yet\n", LogText());
 }
 
-TEST_F(ActionHostTest, EncryptionIsNotAvailableYet) {
-  std::string out;
-  EXPECT_FALSE(host_.EncryptString("secret", "key", out));
-  EXPECT_FALSE(host_.DecryptString("secret", "key", out));
+TEST_F(ActionHostTest, EncryptsForActions) {
+  std::string encrypted, plain;
+  ASSERT_TRUE(step_.EncryptString("secret", "key", encrypted));
+  EXPECT_NE(std::string::npos, encrypted.rfind("jx1:", 0));
+  EXPECT_FALSE(step_.DecryptString(encrypted, "other key", plain));
+  EXPECT_TRUE(step_.DecryptString(encrypted, "key", plain));
+  EXPECT_EQ("secret", plain);
 }
 
 TEST_F(ActionHostTest, StopSignalAndUnattended) {

@@ -113,5 +113,96 @@ TEST(FormatDateTime, AFormatNamingItselfExpandsOnceOnly) {
   EXPECT_EQ(" 15 ", FormatDateTime("c", kAfternoon.Value(), s));
 }
 
+// TryStrToDateTime
+
+// The moment `text` gives, or "refused" (the value is then left alone).
+std::string Parsed(const std::string& text, const TFormatSettings& settings) {
+  TDateTime value = -1.5;
+  if (!TryStrToDateTime(text, value, settings)) return value == -1.5 ? "refused" : "refused, but changed";
+  return DateTimeToISO(value);
+}
+
+struct ParseRow {
+  const char* Text;
+  const char* Expected;
+};
+
+const ParseRow kClassicParseRows[] = {
+    {"11/15/2026 2:05:09 PM", "2026-11-15T14:05:09"},
+    {"2/3/2001", "2001-02-03T00:00:00"},
+    {"  02 / 03 / 2001  ", "2001-02-03T00:00:00"},
+    {"2/3/2001 12:00:00 AM", "2001-02-03T00:00:00"},
+    {"2/3/2001 12:30 pm", "2001-02-03T12:30:00"},
+    {"2/3/2001 PM 1:02", "2001-02-03T13:02:00"},
+    {"2/3/2001 14:05", "2001-02-03T14:05:00"},
+    {"2/3/2001 7", "2001-02-03T07:00:00"},
+    {"2/3/2001 7am", "2001-02-03T07:00:00"},
+    {"12/31/1999 23:59:59", "1999-12-31T23:59:59"},
+    {"2/3/0026", "0026-02-03T00:00:00"},  // four digits: no century added
+    {"1/1/1800 6:00", "1800-01-01T06:00:00"},
+    // refused
+    {"", "refused"},
+    {"2/3", "refused"},
+    {"2/3/2001/4", "refused"},
+    {"13/1/2001", "refused"},
+    {"2/30/2001", "refused"},
+    {"2-3-2001", "refused"},
+    {"2/3/10000", "refused"},
+    {"2/3/2001 13:00 PM", "refused"},
+    {"2/3/2001 24:00", "refused"},
+    {"2/3/2001 1:60", "refused"},
+    {"2/3/2001 1:", "refused"},
+    {"2/3/2001 1:02:03:04", "refused"},
+    {"2/3/2001 1:02 x", "refused"},
+    {"2/3/2001 1234567890", "refused"},
+    {"2/3/2001T01:02", "refused"},
+    {"2001-02-03T04:05:06", "refused"},
+};
+
+TEST(TryStrToDateTime, ClassicSettings) {
+  for (const ParseRow& row : kClassicParseRows) {
+    EXPECT_EQ(row.Expected, Parsed(row.Text, ClassicFormatSettings())) << row.Text;
+  }
+}
+
+TFormatSettings YearFirstSettings() {
+  TFormatSettings s = ClassicFormatSettings();
+  s.ShortDateFormat = "yyyy/mm/dd";
+  s.LongTimeFormat = "hh:nn:ss ampm";
+  s.DateSeparator = '-';
+  s.TimeAMString = "vorm.";
+  s.TimePMString = "nachm.";
+  return s;
+}
+
+TEST(TryStrToDateTime, OrderSeparatorsAndAmPmComeFromTheSettings) {
+  const TFormatSettings german = GermanSettings(), year_first = YearFirstSettings();
+  EXPECT_EQ("2026-11-15T14:05:09", Parsed("15.11.2026 14-05-09", german));
+  EXPECT_EQ("refused", Parsed("11/15/2026 14:05:09", german));
+  EXPECT_EQ("2026-11-15T14:05:09", Parsed("2026-11-15 02:05:09 NACHM.", year_first));
+  EXPECT_EQ("2026-11-15T02:05:00", Parsed("2026-11-15 vorm. 2:05", year_first));
+  EXPECT_EQ("2026-11-15T14:05:00", Parsed("2026-11-15 2:05 PM", year_first));
+  EXPECT_EQ("refused", Parsed("15-11-2026", year_first));
+}
+
+// Two-digit years: within the 100 years that start 50 years ago; with no
+// window, in this century. (The rows hold from 2000 until 2076.)
+TEST(TryStrToDateTime, TwoDigitYears) {
+  TFormatSettings s = ClassicFormatSettings();
+  EXPECT_EQ("2026-02-03T00:00:00", Parsed("2/3/26", s));
+  s.TwoDigitYearCenturyWindow = 0;
+  EXPECT_EQ("2099-02-03T00:00:00", Parsed("2/3/99", s));
+}
+
+TEST(TryStrToDateTime, ReadsWhatFormatDateTimeWritesWithC) {
+  const Moment moments[] = {{2026, 11, 15, 14, 5, 9, 0}, kMidnight, {1999, 12, 31, 0, 0, 1, 0}, {2000, 1, 1, 12, 0, 0, 0}};
+  for (const TFormatSettings& settings : {ClassicFormatSettings(), GermanSettings(), YearFirstSettings()}) {
+    for (const Moment& moment : moments) {
+      const std::string text = FormatDateTime("c", moment.Value(), settings);
+      EXPECT_EQ(DateTimeToISO(moment.Value()), Parsed(text, settings)) << text;
+    }
+  }
+}
+
 }  // namespace
 }  // namespace jx

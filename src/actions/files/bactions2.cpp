@@ -14,7 +14,7 @@ TCustomDeleteFilesAction::TCustomDeleteFilesAction() {
   FFailIfNoFile = true;
 }
 
-// The specification is stored through the host's description-key round trip.
+// The file spec is stored through the host's description-key round trip.
 // The key index is 1 although the action has one key only.
 void TCustomDeleteFilesAction::SetFileSpec(const std::string& value) { UpdateKeyValue(1, FFileSpec, value); }
 

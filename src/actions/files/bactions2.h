@@ -1,5 +1,5 @@
 // Delete File(s): deletes the files of one directory that match a wildcard
-// specification, and logs what went wrong and how many were deleted.
+// file spec, and logs what went wrong and how many were deleted.
 #pragma once
 
 #include <cstdint>

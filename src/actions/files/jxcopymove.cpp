@@ -1,5 +1,7 @@
 #include "actions/files/jxcopymove.h"
 
+#include <vector>
+
 #include "platform/attributes.h"
 #include "platform/copymove.h"
 #include "platform/directories.h"
@@ -17,13 +19,33 @@ bool HasWildcards(const std::string& spec) { return spec.find_first_of("*?") != 
 
 bool HasReadOnlyBit(uint32_t attr) { return attr != kInvalidFileAttributes && (attr & faReadOnly); }
 
+// "*" and "*.*" match every name.
+bool IsEveryName(const std::string& mask) { return mask == "*" || mask == "*.*"; }
+
+// The subdirectories a recursive copy descends into: what a search for
+// directories admits (neither hidden nor system), without "." and "..".
+bool IsRecursedInto(const TSearchRec& rec) {
+  return (rec.Attr & faDirectory) && !(rec.Attr & (faHidden | faSysFile)) && rec.Name != "." && rec.Name != "..";
+}
+
+std::vector<std::string> ListSubdirectories(const std::string& dir) {
+  std::vector<std::string> names;
+  TSearchRec rec;
+  if (FindFirst(dir + PathDelim + "*", faDirectory, rec, TFindDetail::Kind) != 0) return names;
+  do {
+    if (IsRecursedInto(rec)) names.push_back(rec.Name);
+  } while (FindNext(rec) == 0);
+  FindClose(rec);
+  return names;
+}
+
 }  // namespace
 
 // ---- TCustomCopyFilesAction: properties, description, validation ----
 
 TCustomCopyFilesAction::TCustomCopyFilesAction() { FFailIfZeroFiles = false; }
 
-// The specification is stored through the host's description-key round trip.
+// The file spec is stored through the host's description-key round trip.
 void TCustomCopyFilesAction::SetFileSpec(const std::string& value) { UpdateKeyValue(0, FFileSpec, value); }
 
 std::string TCustomCopyFilesAction::GetDescriptionKeyValue(int) const { return FFileSpec; }
@@ -116,25 +138,44 @@ bool TCustomCopyFilesAction::Execute() {
 
 bool TCustomCopyFilesAction::DoRecursiveCopyMove(TStrings& log, const std::string& spec, int32_t& count,
                                                  const std::string& destination) {
-  const bool ok = CopyMatches(log, spec, count, destination);
-  if (FRecurse && ok) CopySubdirectories(log, ExtractFileDir(spec), ExtractFileName(spec), count, destination);
+  const std::string dir = ExtractFileDir(spec);
+  const std::string mask = ExtractFileName(spec);
+  // A search for every name already meets each subdirectory; others need a search of their own.
+  const bool lists_subdirectories = FRecurse && IsEveryName(mask);
+  std::vector<std::string> subdirectories;
+  const bool ok = CopyMatches(log, spec, count, destination, lists_subdirectories ? &subdirectories : nullptr);
+  if (!FRecurse || !ok) return ok;
+  if (!lists_subdirectories) subdirectories = ListSubdirectories(dir);
+  // A failure inside a subdirectory is logged there but stops neither its
+  // siblings nor the copy as a whole.
+  const std::string dest_dir = ExcludeTrailingPathDelimiter(destination);
+  for (const std::string& name : subdirectories) {
+    DoRecursiveCopyMove(log, dir + PathDelim + name + PathDelim + mask, count, dest_dir + PathDelim + name);
+  }
   return ok;
 }
 
 // Without wildcards only the first match is copied. Every match goes to the
-// same destination file unless the target is a directory.
+// same destination file unless the target is a directory. Subdirectories
+// met on the way are listed in `subdirectories` when it is given.
 bool TCustomCopyFilesAction::CopyMatches(TStrings& log, const std::string& spec, int32_t& count,
-                                         const std::string& destination) {
+                                         const std::string& destination, std::vector<std::string>* subdirectories) {
   TSearchRec rec;
   if (FindFirst(spec, faAnyFile, rec, TFindDetail::Kind) != 0) return true;
   const bool wild = HasWildcards(spec);
   const std::string dir = ExtractFileDir(spec);
+  // Every match of one directory goes into the same destination directory,
+  // so Force makes it once, before the first file.
+  bool dest_dir_made = false;
   do {
-    if (rec.Attr & faDirectory) continue;
+    if (rec.Attr & faDirectory) {
+      if (subdirectories && IsRecursedInto(rec)) subdirectories->push_back(rec.Name);
+      continue;
+    }
     const std::string source = dir + PathDelim + rec.Name;
     const std::string dest =
         FTargetIsDir ? ExcludeTrailingPathDelimiter(destination) + PathDelim + rec.Name : destination;
-    if (FForce) ForceDirectories(ExtractFileDir(dest));
+    if (FForce && !dest_dir_made) dest_dir_made = ForceDirectories(ExtractFileDir(dest));
     if (!ProcessFile(log, source, dest)) {
       FindClose(rec);
       return false;
@@ -145,26 +186,19 @@ bool TCustomCopyFilesAction::CopyMatches(TStrings& log, const std::string& spec,
   return true;
 }
 
-// A failure inside a subdirectory is logged there but stops neither its
-// siblings nor the copy as a whole.
-void TCustomCopyFilesAction::CopySubdirectories(TStrings& log, const std::string& dir, const std::string& mask,
-                                                int32_t& count, const std::string& destination) {
-  TSearchRec rec;
-  if (FindFirst(dir + PathDelim + "*", faDirectory, rec, TFindDetail::Kind) != 0) return;
-  const std::string dest_dir = ExcludeTrailingPathDelimiter(destination);
-  do {
-    if (!(rec.Attr & faDirectory) || rec.Name == "." || rec.Name == "..") continue;
-    DoRecursiveCopyMove(log, dir + PathDelim + rec.Name + PathDelim + mask, count, dest_dir + PathDelim + rec.Name);
-  } while (FindNext(rec) == 0);
-  FindClose(rec);
-}
-
 bool TCustomCopyFilesAction::ProcessFile(TStrings& log, const std::string& source, const std::string& dest) {
   const auto fail = [&](const std::string& reason) {
     log.Add("Failed to copy File : " + source + " -> " + dest);
     log.Add(reason);
     return false;
   };
+  const auto copied = [&] {
+    if (FClearAttributes) FileSetAttr(dest, faNormal);
+    return true;
+  };
+  // A destination that does not exist yet needs none of the checks below, so
+  // the copy that creates it comes first; on any failure the steps run in full.
+  if (CopyFileTo(source, dest, true)) return copied();
   if (FFailIfExists && FileExists(dest)) return fail("File Already Exists!");
   const uint32_t attr = FileGetAttr(dest);
   if (HasReadOnlyBit(attr)) {
@@ -172,8 +206,7 @@ bool TCustomCopyFilesAction::ProcessFile(TStrings& log, const std::string& sourc
     FileSetAttr(dest, FClearAttributes ? faNormal : attr - faReadOnly);
   }
   if (!CopyFileTo(source, dest, FFailIfExists)) return fail("Win32 Error : " + SysErrorMessage(GetLastError()));
-  if (FClearAttributes) FileSetAttr(dest, faNormal);
-  return true;
+  return copied();
 }
 
 // ---- TCopyFilesAction ----
@@ -257,6 +290,14 @@ bool TMoveFilesAction::MoveOne(TStrings& log, const std::string& source, const s
     log.Add(" --> Error Moving File : " + source + " -> " + dest);
     log.Add(" --> " + reason);
   };
+  const auto moved = [&] {
+    if (FClearAttributes) FileSetAttr(dest, faNormal);
+    ++FFilesAffected;
+    return true;
+  };
+  // A destination that does not exist yet needs none of the checks below, so
+  // the move (which never replaces) comes first; on any failure the steps run in full.
+  if (MoveFileTo(source, dest)) return moved();
   const bool exists = FileExists(dest);
   const bool same = source == dest;
   if (FStopOnAnyErrors && !FileExists(source)) {
@@ -283,9 +324,7 @@ bool TMoveFilesAction::MoveOne(TStrings& log, const std::string& source, const s
     ++FErrorCount;
     return !FStopOnAnyErrors;
   }
-  if (FClearAttributes) FileSetAttr(dest, faNormal);
-  ++FFilesAffected;
-  return true;
+  return moved();
 }
 
 const TJXClassInfo& TMoveFilesAction::ClassInfo() {

@@ -1,9 +1,10 @@
 // Copy File(s) and Move File(s): copy or move the files that match a wildcard
-// specification to a destination file or directory, logging one block.
+// file spec to a destination file or directory, logging one block.
 #pragma once
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "framework/jxaction.h"
 
@@ -66,9 +67,8 @@ class TCustomCopyFilesAction : public TJXAction {
   int32_t FErrorCount = 0;
 
  private:
-  bool CopyMatches(TStrings& log, const std::string& spec, int32_t& count, const std::string& destination);
-  void CopySubdirectories(TStrings& log, const std::string& dir, const std::string& mask, int32_t& count,
-                          const std::string& destination);
+  bool CopyMatches(TStrings& log, const std::string& spec, int32_t& count, const std::string& destination,
+                   std::vector<std::string>* subdirectories);
 };
 
 class TCopyFilesAction : public TCustomCopyFilesAction {

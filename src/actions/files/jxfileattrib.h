@@ -1,5 +1,5 @@
 // Set File Attributes: sets or clears the read-only, archive, system and
-// hidden attributes of the files that match a specification, optionally in
+// hidden attributes of the files that match a file spec, optionally in
 // every subdirectory, and leaves the attributes it is not told about alone.
 #pragma once
 

@@ -1,4 +1,4 @@
-// Rename File(s): renames every entry that matches a source specification
+// Rename File(s): renames every entry that matches a source file spec
 // inside its directory, building each new name from a target pattern whose
 // name and extension parts may each be "*". Not on the palette.
 #pragma once

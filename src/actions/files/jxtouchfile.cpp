@@ -6,6 +6,8 @@
 #include "platform/clock.h"
 #include "platform/filetime.h"
 #include "platform/findfile.h"
+#include "platform/localeinfo.h"
+#include "rtl/formatdatetime.h"
 #include "rtl/paths.h"
 #include "rtl/strutils.h"
 
@@ -14,10 +16,6 @@ namespace jx {
 namespace {
 
 bool IsDotEntry(const std::string& name) { return name == "." || name == ".."; }
-
-// Stands in for FormatDateTime("c", value) until the runtime has the
-// date-time pattern formatter.
-std::string FormatShortDateLongTime(TDateTime value) { return DateTimeToISO(value); }
 
 }  // namespace
 
@@ -58,11 +56,14 @@ void TCustomTouchFilesAction::SetUseNow(bool value) {
   if (value != FUseNow) FUseNow = value;
 }
 
-std::string TCustomTouchFilesAction::DateTimeAsString() const { return FormatShortDateLongTime(FDateTime); }
+// The user's short date and long time, as the property grid shows dates.
+std::string TCustomTouchFilesAction::DateTimeAsString() const {
+  return FormatDateTime("c", FDateTime, LocaleFormatSettings());
+}
 
 void TCustomTouchFilesAction::SetDateTimeAsString(const std::string& value) {
   TDateTime parsed = 0;
-  if (TryISOToDateTime(value, parsed)) SetDateTime(parsed);
+  if (TryStrToDateTime(value, parsed, LocaleFormatSettings())) SetDateTime(parsed);
 }
 
 std::string TCustomTouchFilesAction::GetActionName() const { return "Touch File(s)"; }

@@ -1,5 +1,5 @@
 // Touch File(s): sets the last-write date, time or both of every file that
-// matches a specification, optionally in every subdirectory, to one given
+// matches a file spec, optionally in every subdirectory, to one given
 // date-time or to the moment the action runs.
 #pragma once
 
@@ -43,7 +43,8 @@ class TCustomTouchFilesAction : public TJXAction {
   std::string DateTimeString() const { return "Edit..."; }
   void SetDateTimeString(const std::string&) {}
   int32_t FileCount() const { return FFileCount; }
-  // DateTime as text; text that is no date-time is ignored.
+  // DateTime as "c" of the user's locale settings (short date, long time);
+  // written text in that form sets DateTime, other text is ignored.
   std::string DateTimeAsString() const;
   void SetDateTimeAsString(const std::string& value);
 

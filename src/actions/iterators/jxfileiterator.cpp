@@ -114,7 +114,7 @@ bool TCustomFileIterator::SetCurrentFile() {
   }
 }
 
-// The files of the specification's directory in the order the file system
+// The files of the file spec's directory in the order the file system
 // gives them, then, depth first, those of each subdirectory.
 void TCustomFileIterator::PopulateFileList(const std::string& spec) {
   if (FRecurse) {

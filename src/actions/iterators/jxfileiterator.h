@@ -1,4 +1,4 @@
-// File Iterator: a loop that finds the files matching a specification once,
+// File Iterator: a loop that finds the files matching a file spec once,
 // at the start of the loop, then runs its children once per file with a
 // variable holding the current file.
 #pragma once

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cerrno>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -56,14 +57,17 @@ enum class TCopyStep { Done, Failed, Unsupported };
 
 bool IsUnsupported(int err) { return err == EXDEV || err == ENOSYS || err == EINVAL || err == EOPNOTSUPP; }
 
-// In-kernel copy between the two files' current offsets, up to end of file.
-TCopyStep CopyByCopyFileRange(int in, int out) {
+// In-kernel copy between the two files' current offsets, up to the size the
+// source had when opened (so no further call is needed to find its end), or
+// up to its end when it reported no size.
+TCopyStep CopyByCopyFileRange(int in, int out, off_t size) {
+  off_t copied = 0;
   for (;;) {
     const ssize_t n = ::copy_file_range(in, nullptr, out, nullptr, kChunk, 0);
-    if (n > 0) continue;
-    if (n == 0) return TCopyStep::Done;
-    if (errno == EINTR) continue;
-    return IsUnsupported(errno) ? TCopyStep::Unsupported : TCopyStep::Failed;
+    if (n < 0 && errno == EINTR) continue;
+    if (n < 0) return IsUnsupported(errno) ? TCopyStep::Unsupported : TCopyStep::Failed;
+    copied += n;
+    if (n == 0 || (size > 0 && copied >= size)) return TCopyStep::Done;
   }
 }
 
@@ -102,7 +106,7 @@ bool CopyByReadWrite(int in, int out, off_t size) {
 
 // Each way picks up at the offsets where the one before gave up.
 bool CopyContents(int in, int out, off_t size) {
-  TCopyStep step = CopyByCopyFileRange(in, out);
+  TCopyStep step = CopyByCopyFileRange(in, out, size);
   if (step == TCopyStep::Unsupported) step = CopyBySendfile(in, out);
   if (step == TCopyStep::Unsupported) return CopyByReadWrite(in, out, size);
   return step == TCopyStep::Done;

@@ -6,6 +6,8 @@
 #include "platform/attributes.h"
 #include "platform/clock.h"
 #include "platform/filetime.h"
+#include "platform/localeinfo.h"
+#include "rtl/formatdatetime.h"
 #include "support/recordinghost.h"
 #include "support/tempdir.h"
 
@@ -69,6 +71,25 @@ TEST_F(TouchFilesTest, PublishedTableStoresOnlyTheSettings) {
   EXPECT_EQ((Lines{"DateTime", "FileSpec", "TouchDate", "TouchTime", "TouchReadOnly", "Recurse", "UseNow"}), stored);
   EXPECT_EQ((Lines{"DateTimeString", "FileCount", "DateTimeAsString"}), not_stored);
   EXPECT_TRUE(info.FindProperty("FileCount")->ReadOnly);
+}
+
+// The text is "c" in the user's settings, whatever the machine's locale is;
+// text in that form sets DateTime, any other text changes nothing.
+TEST_F(TouchFilesTest, DateTimeAsStringIsTheUsersShortDateAndLongTime) {
+  const TFormatSettings& user = LocaleFormatSettings();
+  EXPECT_EQ(FormatDateTime("c", kTouchTime, user), h.Action.DateTimeAsString());
+
+  const TDateTime evening = EncodeDateTime(1999, 12, 31, 23, 59, 58, 0);
+  h.Action.SetDateTimeAsString(FormatDateTime("c", evening, user));
+  EXPECT_EQ(evening, h.Action.DateTime());
+  const TDateTime midnight = EncodeDate(2001, 2, 3);  // "c" leaves a zero time out
+  h.Action.SetDateTimeAsString(FormatDateTime("c", midnight, user));
+  EXPECT_EQ(midnight, h.Action.DateTime());
+
+  for (const char* text : {"", "tomorrow", "13/13/2001", "2001-02-03T04:05:06"}) {
+    h.Action.SetDateTimeAsString(text);
+    EXPECT_EQ(midnight, h.Action.DateTime()) << text;
+  }
 }
 
 TEST_F(TouchFilesTest, ValidateChecksTheStoredSpec) {
