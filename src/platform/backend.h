@@ -51,10 +51,9 @@ DirReaderPtr OpenDirReader(const std::string& dir);
 // The next entry, "." and ".." included, in the order the OS returns them.
 // False at the end (last error kErrorNoMoreFiles) or on a read error.
 bool ReadDirEntry(DirReader& reader, RawDirEntry& entry);
-// Completes the entry just read as far as `detail` asks: its directory,
-// hidden, system and archive bits for Kind; every attribute (faNormal when
-// none), size and time for Full. False when it can no longer be examined
-// (removed meanwhile, say).
+// Completes attr, size and time of the entry just read; for Kind, at least
+// its directory, hidden, system and archive bits. False when it can no longer
+// be examined (removed meanwhile, say).
 bool ReadEntryDetails(DirReader& reader, RawDirEntry& entry, TFindDetail detail);
 
 // --- Clock ----------------------------------------------------------------

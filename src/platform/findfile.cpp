@@ -25,11 +25,20 @@ namespace {
 // read-only and archive always are.
 uint32_t ExcludedBy(uint32_t attr) { return ~attr & (faHidden | faSysFile | faDirectory); }
 
+// The bits of Attr a Kind search reports, whatever more the backend knew.
+constexpr uint32_t kKindAttr = faDirectory | faHidden | faSysFile | faArchive;
+
 void Fill(TSearchRec& rec, const backend::RawDirEntry& entry, TFindDetail detail) {
   rec.Name.assign(entry.name);
+  if (detail == TFindDetail::Kind) {
+    rec.Attr = entry.attr & kKindAttr;
+    rec.Size = 0;
+    rec.Time = 0;
+    return;
+  }
   rec.Attr = entry.attr;
   rec.Size = entry.size;
-  rec.Time = detail == TFindDetail::Full ? UnixTimeToLocal(entry.mtime_seconds, entry.mtime_nanoseconds) : 0;
+  rec.Time = UnixTimeToLocal(entry.mtime_seconds, entry.mtime_nanoseconds);
 }
 
 // The bits the reader knows up front already rule most entries out, so

@@ -69,8 +69,6 @@ bool ReadDirEntry(DirReader& reader, RawDirEntry& entry) {
 
 namespace {
 
-constexpr uint32_t kKindBits = faDirectory | posix::kStoredBits;
-
 // Follows symbolic links like stat; a dangling link reports the link itself.
 bool ReadStatus(DirReader& reader, RawDirEntry& entry) {
   const char* name = entry.name.data();  // readdir's text, NUL-terminated
@@ -101,11 +99,8 @@ bool ReadKind(DirReader& reader, RawDirEntry& entry) {
 }  // namespace
 
 bool ReadEntryDetails(DirReader& reader, RawDirEntry& entry, TFindDetail detail) {
-  if (detail == TFindDetail::Full) return ReadStatus(reader, entry);
-  if (reader.TypeTellsKind()) return ReadKind(reader, entry);
-  if (!ReadStatus(reader, entry)) return false;
-  entry = RawDirEntry{entry.name, entry.attr & kKindBits};
-  return true;
+  if (detail == TFindDetail::Kind && reader.TypeTellsKind()) return ReadKind(reader, entry);
+  return ReadStatus(reader, entry);
 }
 
 }  // namespace jx::backend
