@@ -81,6 +81,22 @@ std::string DefaultText(const TPropertyInfo& property, TCustomJXAction& fresh) {
   }
 }
 
+// As a property grid shows them: properties without a group first, then each
+// group's properties together, groups in the order they first appear.
+void GroupRows(std::vector<PropertyRow>& rows) {
+  std::vector<std::string> order;
+  for (const PropertyRow& row : rows) {
+    if (!row.Group.empty() && std::find(order.begin(), order.end(), row.Group) == order.end()) {
+      order.push_back(row.Group);
+    }
+  }
+  auto rank = [&](const PropertyRow& row) {
+    return row.Group.empty() ? 0 : 1 + (std::find(order.begin(), order.end(), row.Group) - order.begin());
+  };
+  std::stable_sort(rows.begin(), rows.end(),
+                   [&](const PropertyRow& a, const PropertyRow& b) { return rank(a) < rank(b); });
+}
+
 std::vector<PropertyRow> PropertyRows(TCustomJXAction& fresh) {
   TStringList hidden, read_only, help;
   fresh.GetHiddenProperties(hidden);
@@ -101,6 +117,7 @@ std::vector<PropertyRow> PropertyRows(TCustomJXAction& fresh) {
     if (property.EnumType) row.Values = EnumValues(*property.EnumType);
     rows.push_back(std::move(row));
   }
+  GroupRows(rows);
   return rows;
 }
 

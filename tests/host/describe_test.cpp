@@ -13,7 +13,8 @@ enum TTouchMode { tmNone, tmKeep, tmSet };
 const TEnumTypeInfo kTouchModeInfo{"TTouchMode", {"tmNone", "tmKeep", "tmSet"}, {"", "Don't Touch", "Set Now"}};
 
 // A class with what Delete File(s) lacks: an enumeration with captions, a
-// hidden and a read-only property, two groups and a property without a caption.
+// hidden and a read-only property, two groups and a property without a caption,
+// which the grid shows before the groups rather than inside the last one.
 class DescribedAction : public TJXAction {
  public:
   static const TJXClassInfo& ClassInfo() {
@@ -62,13 +63,13 @@ TEST(Describe, ShowsThePropertyGridUnderItsGroups) {
       "Help:     Plugins\\Described.html, topic 7\n"
       "\n"
       "  Name   Caption        Kind                Default  Help\n"
+      "  Plain  Plain          String              \"\"\n"
       "[Behaviour]\n"
       "  Mode   Touch Mode     TTouchMode          tmKeep   What to do with the time\n"
       "         values: tmNone, tmKeep (Don't Touch), tmSet (Set Now)\n"
       "[Results]\n"
       "  Names  Name List      TStrings            []\n"
-      "  Count  Files Counted  Integer, read-only  0\n"
-      "  Plain  Plain          String              \"\"\n",
+      "  Count  Files Counted  Integer, read-only  0\n",
       DescribeAction(entry));
 }
 
