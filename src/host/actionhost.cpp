@@ -2,26 +2,12 @@
 
 #include <cstdlib>
 
+#include "framework/jxlogmessage.h"
 #include "host/stringcipher.h"
 #include "rtl/strutils.h"
 #include "rtl/sysutils.h"
 
 namespace jx {
-
-namespace {
-
-class LogMessage : public IJXActionLogMessage {
- public:
-  TStrings& GetLines() override { return lines_; }
-  void SetMessageText(const std::string& text) override { headline_ = text; }
-  std::string GetMessageText() const override { return headline_; }
-
- private:
-  TStringList lines_;
-  std::string headline_;
-};
-
-}  // namespace
 
 ActionHost::ActionHost(VariableStore& variables, BuildLog& log, MainThreadQueue& main_thread,
                        const std::atomic<bool>& stop, bool unattended)
@@ -79,7 +65,7 @@ Variant ActionHost::GetVariableValue(const std::string& name) {
 
 void ActionHost::SendMessage(TCustomJXAction&, const std::string& text) { log_.Line(text); }
 
-IJXActionLogMessagePtr ActionHost::CreateStatusMessage() { return std::make_shared<LogMessage>(); }
+IJXActionLogMessagePtr ActionHost::CreateStatusMessage() { return std::make_shared<TJXLogMessage>(); }
 
 void ActionHost::SendStatusMessage(TCustomJXAction&, const IJXActionLogMessagePtr& message) {
   const std::string headline = message->GetMessageText();

@@ -1,22 +1,12 @@
 #include "support/recordinghost.h"
 
+#include "framework/jxlogmessage.h"
 #include "rtl/strutils.h"
 #include "rtl/sysutils.h"
 
 namespace jx::test {
 
 namespace {
-
-class LogBlock : public IJXActionLogMessage {
- public:
-  TStrings& GetLines() override { return lines_; }
-  void SetMessageText(const std::string& text) override { headline_ = text; }
-  std::string GetMessageText() const override { return headline_; }
-
- private:
-  TStringList lines_;
-  std::string headline_;
-};
 
 // The encryption stand-in's helpers: the key byte at a place, a hex digit's value.
 char KeyByte(const std::string& key, size_t index) { return key.empty() ? 0 : key[index % key.size()]; }
@@ -80,7 +70,7 @@ Variant RecordingHost::GetVariableValue(const std::string& name) {
 
 void RecordingHost::SendMessage(TCustomJXAction&, const std::string& text) { Lines.push_back(text); }
 
-IJXActionLogMessagePtr RecordingHost::CreateStatusMessage() { return std::make_shared<LogBlock>(); }
+IJXActionLogMessagePtr RecordingHost::CreateStatusMessage() { return std::make_shared<TJXLogMessage>(); }
 
 void RecordingHost::SendStatusMessage(TCustomJXAction&, const IJXActionLogMessagePtr& message) {
   std::vector<std::string> block;
