@@ -19,5 +19,6 @@ XML
 hyperfine -N --runs "$RUNS" --export-json "$SCRATCH/delete.json" \
   --prepare "bash -c 'source $ROOT/bench/common.sh; make_files $DIR $COUNT'" \
   "$JAXTOR run $SCRATCH/delete.xml --unattended --log $SCRATCH/delete.log" \
+  "$JAXTOR run $SCRATCH/delete.xml --unattended --log $SCRATCH/delete.log --no-stored-attributes" \
   "bash -c 'rm $DIR/*.o'"
 echo "(rm runs inside bash, which also expands the wildcard; jaxtor searches itself)"

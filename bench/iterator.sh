@@ -3,6 +3,8 @@
 # every run logging to a file.
 #  - The search: a loop whose child fails on the first pass, so the run is the
 #    search, the logged list and one pass; against `find DIR -name PATTERN`.
+#    Once as is (one extended attribute read per file for the stored hidden
+#    and system bits) and once with --no-stored-attributes.
 #  - The host's cost per pass: a loop with one cheap child per file (Delete
 #    File(s) on an empty directory), less the search run, less the child runs
 #    alone: a project of as many such actions in a row, less the same project
@@ -47,19 +49,21 @@ measure() {  # NAME COMMAND...: mean seconds into $NAME
   hyperfine -N -i --runs "$RUNS" --export-json "$SCRATCH/$1.json" "${*:2}" >/dev/null
   printf -v "$1" '%s' "$(mean_of "$SCRATCH/$1.json")"
 }
-run() {  # PROJECT: the jaxtor command line that runs it
-  echo "$JAXTOR run $SCRATCH/$1.xml --unattended --log $SCRATCH/$1.log"
+run() {  # PROJECT [OPTION...]: the jaxtor command line that runs it
+  echo "$JAXTOR run $SCRATCH/$1.xml --unattended --log $SCRATCH/$1.log ${*:2}"
 }
 measure loop "$(run loop)"
 measure search "$(run search)"
+measure search_names "$(run search --no-stored-attributes)"
 measure children "$(run children)"
 measure disabled "$(run disabled)"
 measure find "find $TREE -name *.o"
 grep -q "Found $COUNT Files." "$SCRATCH/loop.log" || { echo "the loop did not find $COUNT files" >&2; exit 1; }
 
-awk -v l="$loop" -v s="$search" -v c="$children" -v d="$disabled" -v f="$find" -v n="$COUNT" 'BEGIN {
+awk -v l="$loop" -v s="$search" -v sn="$search_names" -v c="$children" -v d="$disabled" -v f="$find" -v n="$COUNT" 'BEGIN {
   printf "loop of %d passes: %.1f ms; search run: %.1f ms\n", n, l * 1e3, s * 1e3
   printf "%d children: %.1f ms; the same disabled: %.1f ms\n", n, c * 1e3, d * 1e3
   printf "host cost per pass: %.1f us\n", (l - s - (c - d)) / n * 1e6
   printf "search run against find: %.1f ms / %.1f ms = %.2f\n", s * 1e3, f * 1e3, s / f
+  printf "the same with --no-stored-attributes: %.1f ms / %.1f ms = %.2f\n", sn * 1e3, f * 1e3, sn / f
 }'

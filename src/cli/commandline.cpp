@@ -44,6 +44,10 @@ int RunCommandLine(int argc, char** argv) {
   run_command->add_option("--log", run.LogFile, "Also write the build log to FILE")->type_name("FILE");
   run_command->add_option("--dump-variables", run.DumpFile, "Write the variables as JSON to FILE after the run")
       ->type_name("FILE");
+  run_command->add_flag("--no-stored-attributes", run.IgnoreStoredAttributes,
+                        "POSIX: ignore the hidden, system and archive bits kept in the user.DOSATTRIB extended "
+                        "attribute (hidden is a leading '.' only); searches over many files need one call less "
+                        "per file");
 
   std::string validate_project;
   CLI::App* validate_command = app.add_subcommand("validate", "Load a project and validate its actions");

@@ -20,6 +20,7 @@ struct RunOptions {
   bool Unattended = false;
   std::string LogFile;
   std::string DumpFile;
+  bool IgnoreStoredAttributes = false;  // POSIX: leave user.DOSATTRIB alone
 };
 
 int RunCommand(const RunOptions& options);

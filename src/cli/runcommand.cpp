@@ -13,6 +13,7 @@
 #include "host/projectxml.h"
 #include "host/validation.h"
 #include "host/variablesjson.h"
+#include "platform/attributes.h"
 
 namespace jx {
 
@@ -78,6 +79,7 @@ int RunCommand(const RunOptions& options) {
       return kExitUsage;
     }
   }
+  SetStoredAttributesUsed(!options.IgnoreStoredAttributes);
   VariableStore variables = VariableStore::FromProject(*project);
   const bool unattended = options.Unattended || isatty(STDIN_FILENO) == 0;
   BuildRun run(*project, variables, log, unattended);

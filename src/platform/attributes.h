@@ -28,4 +28,13 @@ uint32_t FileGetAttr(const std::string& path);
 // kErrorNotSupported. A name starting with '.' stays hidden whatever `attr` says.
 bool FileSetAttr(const std::string& path, uint32_t attr);
 
+// On POSIX the stored bits cost one call per file to read, which dominates a
+// search over many files. Switched off, every file system acts as one without
+// extended attributes: hidden, system and archive read as clear (a leading
+// '.' still hides), changing them fails with kErrorNotSupported and copies do
+// not carry them. On by default, for the whole process; Windows keeps the
+// attributes itself and ignores the switch.
+void SetStoredAttributesUsed(bool used);
+bool StoredAttributesUsed();
+
 }  // namespace jx

@@ -2,6 +2,8 @@
 // that record what each pass saw.
 #include <gtest/gtest.h>
 
+#include <sys/xattr.h>
+
 #include <set>
 #include <vector>
 
@@ -36,9 +38,12 @@ std::string FileLoop(const std::string& spec) {
 }
 
 // The variables dump after a successful run.
-std::string RunAndDump(const TempDir& dir, const std::string& variables, const std::string& actions) {
+std::string RunAndDump(const TempDir& dir, const std::string& variables, const std::string& actions,
+                       const std::vector<std::string>& options = {}) {
   const std::string project = WriteProject(dir, "p.xml", variables, actions);
-  const JaxtorResult result = RunJaxtor({"run", project, "--dump-variables", dir / "vars.json"}, dir);
+  std::vector<std::string> args = {"run", project, "--dump-variables", dir / "vars.json"};
+  args.insert(args.end(), options.begin(), options.end());
+  const JaxtorResult result = RunJaxtor(args, dir);
   EXPECT_EQ(0, result.ExitCode) << result.Out << result.Err;
   return ReadFile(dir / "vars.json");
 }
@@ -80,6 +85,23 @@ TEST(IteratorsEndToEnd, EachFileLoopSearchesAgain) {
   const std::string json = RunAndDump(dir, "    <Variable Name=\"ALL\"></Variable>\n", loop + loop);
   const std::string files = dir / "src/a.c" + ";" + dir / "src/sub/b.c" + ";";
   EXPECT_EQ("{\"type\": \"string\", \"value\": \"" + files + files + "\"}", DumpedVariable(json, "ALL"));
+}
+
+// A file marked system is left out, unless the stored bits are ignored.
+TEST(IteratorsEndToEnd, SystemFilesAreSkippedUnlessStoredAttributesAreIgnored) {
+  TempDir dir;
+  dir.WriteFile("src/a.c");
+  const std::string marked = dir.WriteFile("src/system.c");
+  if (setxattr(marked.c_str(), "user.DOSATTRIB", "0x4", 3, 0) != 0) {
+    GTEST_SKIP() << "no extended attributes on the temporary file system";
+  }
+  const std::string variables = "    <Variable Name=\"ALL\"></Variable>\n";
+  const std::string loop = FileLoop(dir / "src/*.c");
+  EXPECT_EQ("{\"type\": \"string\", \"value\": \"" + dir / "src/a.c" + ";\"}",
+            DumpedVariable(RunAndDump(dir, variables, loop), "ALL"));
+  const std::vector<std::string> items =
+      SplitItems(DumpedVariable(RunAndDump(dir, variables, loop, {"--no-stored-attributes"}), "ALL"));
+  EXPECT_EQ((std::set<std::string>{dir / "src/a.c", marked}), std::set<std::string>(items.begin(), items.end()));
 }
 
 TEST(IteratorsEndToEnd, FolderIteratorCountsTheFoldersBelowItsStart) {

@@ -8,6 +8,8 @@
 #include <cerrno>
 
 #include "platform/attributes.h"
+#include "platform/copymove.h"
+#include "platform/findfile.h"
 #include "platform/lasterror.h"
 #include "support/tempdir.h"
 
@@ -109,6 +111,35 @@ TEST_F(AttributesTest, MissingPath) {
   EXPECT_EQ(kErrorFileNotFound, GetLastError());
   EXPECT_FALSE(FileSetAttr(dir_ / "missing", faReadOnly));
   EXPECT_EQ(kErrorFileNotFound, GetLastError());
+}
+
+// Switched off, a file system with extended attributes acts as one without:
+// a system file reads as normal, searches admit it, copies drop the bits, and
+// only read-only can still be changed.
+TEST_F(AttributesTest, StoredAttributesSwitchedOff) {
+  if (!HasExtendedAttributes(file_)) GTEST_SKIP() << "no extended attributes on the temporary file system";
+  ASSERT_TRUE(FileSetAttr(file_, faSysFile | faArchive));
+  struct SwitchOff {
+    SwitchOff() { SetStoredAttributesUsed(false); }
+    ~SwitchOff() { SetStoredAttributesUsed(true); }
+  } switched_off;
+
+  EXPECT_EQ(faNormal, FileGetAttr(file_));
+  EXPECT_EQ(faHidden, FileGetAttr(dir_.WriteFile(".dotted")));
+  TSearchRec rec;
+  EXPECT_EQ(0, FindFirst(file_, faReadOnly | faArchive, rec, TFindDetail::Kind));
+  EXPECT_EQ("file.txt", rec.Name);
+  EXPECT_EQ(0, FindFirst(file_, faReadOnly | faArchive, rec, TFindDetail::Full));
+  EXPECT_EQ(faNormal, rec.Attr);
+  FindClose(rec);
+
+  EXPECT_FALSE(FileSetAttr(file_, faHidden));
+  EXPECT_EQ(kErrorNotSupported, GetLastError());
+  ASSERT_TRUE(FileSetAttr(file_, faReadOnly));
+  EXPECT_EQ(faReadOnly, FileGetAttr(file_));
+  ASSERT_TRUE(CopyFileTo(file_, dir_ / "copy.txt", true));
+  EXPECT_EQ("<none>", StoredText(dir_ / "copy.txt"));
+  EXPECT_EQ("0x24", StoredText(file_));  // left as it was
 }
 
 }  // namespace

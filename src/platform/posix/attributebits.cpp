@@ -67,11 +67,14 @@ uint32_t ModeAttributes(mode_t mode) {
 mode_t ModeWithReadOnly(mode_t mode, bool read_only) { return read_only ? mode & ~kAllWriteBits : mode | S_IWUSR; }
 
 uint32_t StoredAttributes(const char* path) {
+  if (!StoredAttributesUsed()) return 0;
   char value[64];
   return BitsOf(value, getxattr(path, kDosAttribName, value, sizeof value));
 }
 
 bool ReadStoredAttributesAt(int dir_fd, const char* name, const char* path, uint32_t& bits) {
+  bits = 0;
+  if (!StoredAttributesUsed()) return true;
   char value[64];
   const ssize_t size = GetDosAttribAt(dir_fd, name, path, value, sizeof value);
   bits = BitsOf(value, size);
@@ -79,6 +82,7 @@ bool ReadStoredAttributesAt(int dir_fd, const char* name, const char* path, uint
 }
 
 bool WriteStoredAttributes(const char* path, uint32_t bits) {
+  if (!StoredAttributesUsed()) return FailWith(ENOTSUP);
   if (bits == 0) return removexattr(path, kDosAttribName) == 0 || errno == ENODATA || FailWithErrno();
   const std::string text = FormatDosAttrib(bits);
   return setxattr(path, kDosAttribName, text.data(), text.size(), 0) == 0 || FailWithErrno();

@@ -25,13 +25,15 @@ std::string_view LastComponent(std::string_view path);
 uint32_t ModeAttributes(mode_t mode);  // faDirectory, faReadOnly
 mode_t ModeWithReadOnly(mode_t mode, bool read_only);
 
-// The stored bits of `path`: 0 without the extended attribute, or where the
-// file system has none.
+// The stored bits of `path`: 0 without the extended attribute, where the
+// file system has none, or while stored attributes are not used.
 uint32_t StoredAttributes(const char* path);
 // The stored bits of the entry `name` of the open directory `dir_fd`, which
-// `path` names too; false (errno ENOENT) when it no longer exists.
+// `path` names too; false (errno ENOENT) when it no longer exists. While
+// stored attributes are not used: 0 without a call, whether it exists or not.
 bool ReadStoredAttributesAt(int dir_fd, const char* name, const char* path, uint32_t& bits);
-// Stores `bits` (hidden, system, archive), removing the attribute for 0.
+// Stores `bits` (hidden, system, archive), removing the attribute for 0;
+// fails as not supported while stored attributes are not used.
 bool WriteStoredAttributes(const char* path, uint32_t bits);
 
 // Everything a path or directory entry reports, from its status, its name

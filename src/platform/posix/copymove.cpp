@@ -115,6 +115,7 @@ bool CopyContents(int in, int out, off_t size) {
 // Hidden, system and archive travel with the file when the source has them
 // and the destination's file system can hold them.
 bool CopyDosAttributes(int in, int out) {
+  if (!StoredAttributesUsed()) return true;
   ssize_t size = ::fgetxattr(in, posix::kDosAttribName, nullptr, 0);
   if (size < 0) return errno == ENODATA || errno == ENOTSUP;
   std::vector<char> value(static_cast<size_t>(size));
