@@ -75,7 +75,7 @@ bool TCustomFileIterator::Execute() {
   const bool result = TWhileAction::Execute();
   if (!result) return false;
   if (!FState.Populated && !Populate()) return false;
-  if (FState.HasCurrent() && !SetCurrentFile()) return false;
+  if (FState.HasCurrent() && !FState.StoreCurrent(*this, FVariableName)) return false;
   return result;
 }
 
@@ -100,18 +100,6 @@ bool TCustomFileIterator::Populate() {
   SendMessage(FState.Items.GetText());
   FState.MarkPopulated();
   return true;
-}
-
-bool TCustomFileIterator::SetCurrentFile() {
-  try {
-    SetVariable(FVariableName, Variant(FState.Current()));
-    return true;
-  } catch (const std::exception& e) {
-    SendMessage("Error Setting Variable");
-    SendMessage(std::string("--> ") + e.what());
-    SetActionStatus(TJXActionStatus::asFailed);
-    return false;
-  }
 }
 
 // The files of the file spec's directory in the order the file system

@@ -50,7 +50,6 @@ class TCustomFileIterator : public TWhileAction {
 
  private:
   bool Populate();
-  bool SetCurrentFile();
   void AddMatchingFiles(const std::string& spec);
   void AddFilesOfTree(const std::string& spec);
   void AddFile(const std::string& dir, const std::string& name);

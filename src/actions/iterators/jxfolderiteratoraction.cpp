@@ -71,7 +71,7 @@ bool TCustomFolderIterator::Execute() {
     if (!TryExpandExpression("Starting Folder", FStartingFolder, folder, true)) return result;
     if (!Populate(folder)) return false;
   }
-  if (FState.HasCurrent() && !SetCurrentFolder()) return false;
+  if (FState.HasCurrent() && !FState.StoreCurrent(*this, FVariableName)) return false;
   return result;
 }
 
@@ -88,18 +88,6 @@ bool TCustomFolderIterator::Populate(const std::string& folder) {
   SendMessage(FState.Items.GetText());
   FState.MarkPopulated();
   return true;
-}
-
-bool TCustomFolderIterator::SetCurrentFolder() {
-  try {
-    SetVariable(FVariableName, Variant(FState.Current()));
-    return true;
-  } catch (const std::exception& e) {
-    SendMessage("Error Setting Variable");
-    SendMessage(std::string("--> ") + e.what());
-    SetActionStatus(TJXActionStatus::asFailed);
-    return false;
-  }
 }
 
 // Each folder is followed at once by the folders below it (with Recurse),

@@ -51,7 +51,6 @@ class TCustomFolderIterator : public TWhileAction {
 
  private:
   bool Populate(const std::string& folder);
-  bool SetCurrentFolder();
 
   TIteratorState FState;
 };

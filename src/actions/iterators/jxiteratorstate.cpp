@@ -1,5 +1,7 @@
 #include "actions/iterators/jxiteratorstate.h"
 
+#include <exception>
+
 #include "framework/jxaction.h"
 
 namespace jx {
@@ -20,6 +22,18 @@ bool TIteratorState::HasCurrent() {
   if (Items.Count() > 0 && Items.Count() > Index) return true;
   Finished = true;
   return false;
+}
+
+bool TIteratorState::StoreCurrent(TCustomJXAction& action, const std::string& name) const {
+  try {
+    action.SetVariable(name, Variant(Current()));
+    return true;
+  } catch (const std::exception& e) {
+    action.SendMessage("Error Setting Variable");
+    action.SendMessage(std::string("--> ") + e.what());
+    action.SetActionStatus(TJXActionStatus::asFailed);
+    return false;
+  }
 }
 
 // The index advances when the children are entered, so they see the item

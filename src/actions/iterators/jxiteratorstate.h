@@ -11,6 +11,8 @@
 
 namespace jx {
 
+class TCustomJXAction;
+
 class TIteratorState {
  public:
   TStringList Items;
@@ -25,6 +27,9 @@ class TIteratorState {
   // True when an item is left for this pass; otherwise the loop is finished.
   bool HasCurrent();
   const std::string& Current() const { return Items[Index]; }
+  // Sets the variable `name` to the current item as text; when the host
+  // refuses, logs why and marks `action` failed.
+  bool StoreCurrent(TCustomJXAction& action, const std::string& name) const;
   // The answer to GetNextActionSource. State 0 (after the iterator's Execute):
   // run the children and advance, or leave; state 1 (after the children): run
   // the iterator again, or leave. Leaving resets, so the next loop searches again.
