@@ -84,7 +84,7 @@ const std::vector<TEditorRow>& EditorRows() {
       {&TCopyFilesAction::ClassInfo, "FileSpec", {TPropertyKind::pkWideString, nullptr}, &TFileNameEditEx},
       {&TCopyFilesAction::ClassInfo, "Target", {TPropertyKind::pkWideString, nullptr}, &TFileNameEditEx},
       {&TSetFileAttributesAction::ClassInfo, "FileSpec", {TPropertyKind::pkWideString, nullptr}, &TFileNameEdit},
-      {&TSetFileAttributesAction::ClassInfo, "", {TPropertyKind::pkEnumeration, &TAttributeSettingInfo},
+      {&TSetFileAttributesAction::ClassInfo, "", {TPropertyKind::pkEnumeration, &kAttributeSettingInfo},
        &TFileAttributeEditor},
       {&TTouchFilesAction::ClassInfo, "DateTimeString", {TPropertyKind::pkString, nullptr}, &TTouchFilesDateEditor},
       {&TTouchFilesAction::ClassInfo, "FileSpec", {TPropertyKind::pkWideString, nullptr}, &TFileNameEdit},

@@ -102,6 +102,25 @@ void TCustomJXAction::SendStatusMessage(const IJXActionLogMessagePtr& message) {
   Require(host_).SendStatusMessage(*this, message);
 }
 
+void TCustomJXAction::SendStatusLines(const std::vector<std::string>& lines) {
+  IJXActionLogMessagePtr block = CreateStatusMessage();
+  for (const std::string& line : lines) block->GetLines().Add(line);
+  SendStatusMessage(block);
+}
+
+bool TCustomJXAction::ExpandOrLog(const std::string& text, std::string& result, const std::vector<std::string>& lines,
+                                  const std::string& error_prefix) {
+  try {
+    result = ExpandExpression(text, true);
+    return true;
+  } catch (const std::exception& e) {
+    std::vector<std::string> block = lines;
+    block.push_back(error_prefix + e.what());
+    SendStatusLines(block);
+    return false;
+  }
+}
+
 void TCustomJXAction::Synchronize(const std::function<void()>& method) {
   if (host_) {
     host_->Synchronize(method);

@@ -117,6 +117,13 @@ class TCustomJXAction : public TQSXMLObject {
   void SendMessage(const std::string& text);
   IJXActionLogMessagePtr CreateStatusMessage();
   void SendStatusMessage(const IJXActionLogMessagePtr& message);
+  // Sends one status block holding `lines`.
+  void SendStatusLines(const std::vector<std::string>& lines);
+  // ExpandExpression(text, true) into `result`. When the expansion raises an
+  // error, sends one status block of `lines` followed by `error_prefix` and
+  // the error's text, and returns false.
+  bool ExpandOrLog(const std::string& text, std::string& result, const std::vector<std::string>& lines,
+                   const std::string& error_prefix = "");
   void Synchronize(const std::function<void()>& method);
   bool GetIsUnattended();
   // Setters of description-key properties call this; without a host the value

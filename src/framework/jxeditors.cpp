@@ -18,12 +18,12 @@ TAttributeSetting FileAttributeEditorValue(std::string_view text) {
 namespace {
 
 std::string AttributeSettingWord(const TQSXMLObject& object, const TPropertyInfo& property) {
-  const int ordinal = TAttributeSettingInfo.OrdinalOf(property.GetText(object));
-  return TAttributeSettingInfo.Captions.at(static_cast<size_t>(ordinal));
+  const int ordinal = kAttributeSettingInfo.OrdinalOf(property.GetText(object));
+  return kAttributeSettingInfo.Captions.at(static_cast<size_t>(ordinal));
 }
 
 void StoreAttributeSetting(TQSXMLObject& object, const TPropertyInfo& property, std::string_view text) {
-  property.SetText(object, TAttributeSettingInfo.NameOf(FileAttributeEditorValue(text)));
+  property.SetText(object, kAttributeSettingInfo.NameOf(FileAttributeEditorValue(text)));
 }
 
 // The placeholder's editor works on the object's "DateTimeAsString".

@@ -3,6 +3,7 @@
 // and save projects, to describe an action and to offer properties to scripts.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -46,6 +47,23 @@ struct TEnumTypeInfo {
   // Ordinal of a value name or caption (case-insensitive), or -1.
   int OrdinalOf(std::string_view text) const;
 };
+
+// The type info of an enumeration whose last value is `Last`, with one name
+// (and, when given, one caption) per value; a table that misses or adds a
+// value does not compile:
+//   EnumTypeInfo<feIgnore>("TFileExistsMode", {"feFailIfExists", "feFailIfMissing", "feIgnore"})
+template <auto Last, size_t N>
+TEnumTypeInfo EnumTypeInfo(const char* type_name, const char* const (&names)[N]) {
+  static_assert(N == static_cast<size_t>(Last) + 1, "one name per value of the enumeration");
+  return TEnumTypeInfo{type_name, {names, names + N}, {}};
+}
+template <auto Last, size_t N, size_t M>
+TEnumTypeInfo EnumTypeInfo(const char* type_name, const char* const (&names)[N],
+                           const std::array<const char*, M>& captions) {
+  static_assert(N == static_cast<size_t>(Last) + 1, "one name per value of the enumeration");
+  static_assert(M == N, "one caption per value of the enumeration");
+  return TEnumTypeInfo{type_name, {names, names + N}, {captions.begin(), captions.end()}};
+}
 
 // Sets of an enumeration are bit masks: bit N is ordinal N.
 template <class E>

@@ -34,6 +34,7 @@ inline constexpr bool kNamesIgnoreCase = false;
 struct RawDirEntry {
   std::string_view name;  // valid until the next ReadDirEntry
   uint32_t attr = 0;
+  bool kind_known = true;  // whether faDirectory in `attr` is already right
   int64_t size = 0;
   int64_t mtime_seconds = 0;  // last write, seconds since the Unix epoch (UTC)
   int32_t mtime_nanoseconds = 0;

@@ -4,6 +4,7 @@
 
 #include "platform/attributes.h"
 #include "platform/backend.h"
+#include "platform/fileops.h"
 #include "platform/lasterror.h"
 
 namespace jx {
@@ -39,6 +40,16 @@ bool MoveFileTo(const std::string& source, const std::string& dest) {
   // another process creating `dest` in between is accepted there.
   if (FileGetAttr(dest) != kInvalidFileAttributes) return Fail(kErrorAlreadyExists);
   return backend::RenamePath(source, dest);
+}
+
+bool MoveFileAcrossVolumes(const std::string& source, const std::string& dest) {
+  if (MoveFileTo(source, dest)) return true;
+  const uint32_t error = GetLastError();
+  if (error != kErrorNotSameDevice || DirectoryExists(source)) return Fail(error);
+  if (!CopyFileTo(source, dest, true)) return false;
+  RemoveFile(source);
+  SetLastError(0);
+  return true;
 }
 
 }  // namespace jx

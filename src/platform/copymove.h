@@ -15,5 +15,10 @@ bool CopyFileTo(const std::string& source, const std::string& dest, bool fail_if
 // kErrorAlreadyExists when `dest` exists and with kErrorNotSameDevice across
 // file systems (nothing is copied).
 bool MoveFileTo(const std::string& source, const std::string& dest);
+// As MoveFileTo, but a file (not a directory) goes to another file system too:
+// it is copied there with its times and attributes, then the source is
+// deleted. A source that cannot be deleted stays beside its copy, and the move
+// still counts as done, as the system's move call has it.
+bool MoveFileAcrossVolumes(const std::string& source, const std::string& dest);
 
 }  // namespace jx

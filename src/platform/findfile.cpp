@@ -10,13 +10,15 @@
 namespace jx {
 
 struct TSearchState {
-  TSearchState(backend::DirReaderPtr dir_reader, std::string_view mask_text, uint32_t exclude, TFindDetail wanted)
-      : reader(std::move(dir_reader)), mask(mask_text), exclude_attr(exclude), detail(wanted) {}
+  TSearchState(backend::DirReaderPtr dir_reader, std::string_view mask_text, uint32_t exclude, TFindDetail wanted,
+               TFindDirs directories)
+      : reader(std::move(dir_reader)), mask(mask_text), exclude_attr(exclude), detail(wanted), dirs(directories) {}
 
   backend::DirReaderPtr reader;
   WildcardMask mask;
   uint32_t exclude_attr;
   TFindDetail detail;
+  TFindDirs dirs;
 };
 
 namespace {
@@ -41,11 +43,21 @@ void Fill(TSearchRec& rec, const backend::RawDirEntry& entry, TFindDetail detail
   rec.Time = UnixTimeToLocal(entry.mtime_seconds, entry.mtime_nanoseconds);
 }
 
+// Whether a name the mask refuses may still be admitted as a directory.
+bool MayBeAdmittedDirectory(const TSearchState& search, const backend::RawDirEntry& entry) {
+  return search.dirs == TFindDirs::AnyName && !(search.exclude_attr & faDirectory) &&
+         (!entry.kind_known || (entry.attr & faDirectory));
+}
+
 // The bits the reader knows up front already rule most entries out, so
 // details are read only for entries that may be admitted.
 bool Admits(TSearchState& search, backend::RawDirEntry& entry) {
-  if (!search.mask.Matches(entry.name) || (entry.attr & search.exclude_attr)) return false;
-  return backend::ReadEntryDetails(*search.reader, entry, search.detail) && !(entry.attr & search.exclude_attr);
+  const bool name_matches = search.mask.Matches(entry.name);
+  if (!name_matches && !MayBeAdmittedDirectory(search, entry)) return false;
+  if (entry.attr & search.exclude_attr) return false;
+  if (!backend::ReadEntryDetails(*search.reader, entry, search.detail)) return false;
+  if (entry.attr & search.exclude_attr) return false;
+  return name_matches || (entry.attr & faDirectory);
 }
 
 // 0 and the next admitted entry in `rec`; else `exhausted` when the directory
@@ -65,17 +77,24 @@ int NextMatch(TSearchRec& rec, int exhausted) {
   return result;
 }
 
-}  // namespace
-
-int FindFirst(const std::string& pattern, uint32_t attr, TSearchRec& rec, TFindDetail detail) {
+int FindFirstOf(const std::string& pattern, uint32_t attr, TSearchRec& rec, TFindDetail detail, TFindDirs dirs) {
   FindClose(rec);
   rec.ExcludeAttr = ExcludedBy(attr);
   backend::DirReaderPtr reader = backend::OpenDirReader(ExtractFilePath(pattern));
   if (!reader) return static_cast<int>(GetLastError());
-  rec.FindHandle = std::make_shared<TSearchState>(std::move(reader), ExtractFileName(pattern), rec.ExcludeAttr, detail);
+  rec.FindHandle =
+      std::make_shared<TSearchState>(std::move(reader), ExtractFileName(pattern), rec.ExcludeAttr, detail, dirs);
   const int result = NextMatch(rec, static_cast<int>(kErrorFileNotFound));
   if (result != 0) FindClose(rec);
   return result;
+}
+
+bool IsDotEntry(const std::string& name) { return name == "." || name == ".."; }
+
+}  // namespace
+
+int FindFirst(const std::string& pattern, uint32_t attr, TSearchRec& rec, TFindDetail detail) {
+  return FindFirstOf(pattern, attr, rec, detail, TFindDirs::MatchingMask);
 }
 
 int FindNext(TSearchRec& rec) {
@@ -87,5 +106,21 @@ int FindNext(TSearchRec& rec) {
 }
 
 void FindClose(TSearchRec& rec) { rec.FindHandle.reset(); }
+
+TFindMatches::TFindMatches(const std::string& pattern, uint32_t attr, TFindDetail detail, TFindDirs dirs) {
+  Settle(FindFirstOf(pattern, attr, rec_, detail, dirs));
+}
+
+void TFindMatches::Advance() { Settle(FindNext(rec_)); }
+
+// "Nothing there" ends the range quietly; any other error is kept for Error().
+void TFindMatches::Settle(int result) {
+  while (result == 0 && IsDotEntry(rec_.Name)) result = FindNext(rec_);
+  if (result == 0) return;
+  done_ = true;
+  const auto code = static_cast<uint32_t>(result);
+  if (code != kErrorFileNotFound && code != kErrorPathNotFound && code != kErrorNoMoreFiles) error_ = result;
+  FindClose(rec_);
+}
 
 }  // namespace jx

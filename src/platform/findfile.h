@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -40,6 +41,57 @@ int FindFirst(const std::string& pattern, uint32_t attr, TSearchRec& rec, TFindD
 int FindNext(TSearchRec& rec);
 // Releases the search; harmless after a failed search or a second time.
 void FindClose(TSearchRec& rec);
+
+// Which directories a search yields: those whose names match the mask, as
+// find-first does, or every one (a recursive walk that looks for "*.o" files
+// must still see each subdirectory, and one search of the directory is cheaper
+// than two).
+enum class TFindDirs { MatchingMask, AnyName };
+
+// The matches of one search as a range, without the "." and ".." entries.
+// The search is closed when the range goes, whichever way the loop ends:
+//   for (const TSearchRec& rec : TFindMatches(dir + "*.o", faReadOnly)) ...
+class TFindMatches {
+ public:
+  TFindMatches(const std::string& pattern, uint32_t attr, TFindDetail detail = TFindDetail::Full,
+               TFindDirs dirs = TFindDirs::MatchingMask);
+  ~TFindMatches() { FindClose(rec_); }
+  TFindMatches(const TFindMatches&) = delete;
+  TFindMatches& operator=(const TFindMatches&) = delete;
+
+  // 0 when the search ran to its end or found nothing to search (no match, no
+  // such directory); otherwise the OS error that ended it early, such as a
+  // directory that cannot be read.
+  int Error() const { return error_; }
+
+  class Iterator {
+   public:
+    using value_type = TSearchRec;
+    using difference_type = std::ptrdiff_t;
+    explicit Iterator(TFindMatches* owner = nullptr) : owner_(owner) {}
+    const TSearchRec& operator*() const { return owner_->rec_; }
+    const TSearchRec* operator->() const { return &owner_->rec_; }
+    Iterator& operator++() {
+      owner_->Advance();
+      return *this;
+    }
+    void operator++(int) { owner_->Advance(); }
+    bool operator==(std::default_sentinel_t) const { return owner_->done_; }
+
+   private:
+    TFindMatches* owner_;
+  };
+  Iterator begin() { return Iterator(this); }
+  std::default_sentinel_t end() const { return {}; }
+
+ private:
+  void Advance();
+  void Settle(int result);
+
+  TSearchRec rec_;
+  bool done_ = false;
+  int error_ = 0;
+};
 
 // Win32 wildcard rules: '*' matches any run, '?' any one character (or none at
 // the end of the name or before a '.'); "*.*" matches every name; a trailing

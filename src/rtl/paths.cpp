@@ -86,6 +86,13 @@ std::string ExcludeTrailingPathDelimiter(std::string_view s) {
   return std::string(s);
 }
 
+std::string JoinPath(std::string_view dir, std::string_view name) {
+  if (dir.empty()) return std::string(name);
+  return IncludeTrailingPathDelimiter(dir).append(name);
+}
+
+bool HasWildcards(std::string_view spec) { return spec.find_first_of("*?") != std::string_view::npos; }
+
 std::filesystem::path ToFsPath(const std::string& utf8) {
   return std::filesystem::path(std::u8string(utf8.begin(), utf8.end()));
 }

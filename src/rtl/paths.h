@@ -24,6 +24,12 @@ std::string ChangeFileExt(std::string_view name, std::string_view ext);
 std::string IncludeTrailingPathDelimiter(std::string_view s);
 std::string ExcludeTrailingPathDelimiter(std::string_view s);
 
+// `dir` + `name` with one delimiter between them. An empty `dir` means the
+// current directory, so the result is `name` alone, never a name at the root.
+std::string JoinPath(std::string_view dir, std::string_view name);
+// Whether a file spec holds a wildcard ('*' or '?').
+bool HasWildcards(std::string_view spec);
+
 // The std::filesystem path of a UTF-8 text, for the standard library's file APIs,
 // and the UTF-8 text of such a path.
 std::filesystem::path ToFsPath(const std::string& utf8);

@@ -227,7 +227,8 @@ const TJXClassInfo& TDeleteDirectoryAction::ClassInfo() {
 
 // ---- TFileExistsAction ----
 
-const TEnumTypeInfo kFileExistsModeInfo{"TFileExistsMode", {"feFailIfExists", "feFailIfMissing", "feIgnore"}, {}};
+const TEnumTypeInfo kFileExistsModeInfo =
+    EnumTypeInfo<feIgnore>("TFileExistsMode", {"feFailIfExists", "feFailIfMissing", "feIgnore"});
 
 TFileExistsAction::TFileExistsAction() { FExistsMode = feFailIfMissing; }
 

@@ -14,16 +14,16 @@ const std::array<const char*, 21> SetVariableModifierStrings = {
     "AddDoubleQuotes", "StripQuotes", "Increment", "Deincrement", "LowerCase", "UpperCase", "Encrypt", "Decrypt",
     "RemoveFileExt"};
 
-const TEnumTypeInfo kSetVariableModifierInfo{
+const TEnumTypeInfo kSetVariableModifierInfo = EnumTypeInfo<smRemoveFileExt>(
     "TJXSetVariableModifier",
     {"smNone", "smTrim", "smTrimLeft", "smTrimRight", "smIncludeTrailingBackSlash", "smExcludeTrailingBackSlash",
      "smExtractFileName", "smExtractFilePath", "smExtractFileDrive", "smExtractFileExt", "smShortFileName",
      "smAddQuotes", "smAddDoubleQuotes", "smStripQuotes", "smIncrement", "smDeincrement", "smLowerCase",
      "smUpperCase", "smEncrypt", "smDecrypt", "smRemoveFileExt"},
-    {SetVariableModifierStrings.begin(), SetVariableModifierStrings.end()}};
+    SetVariableModifierStrings);
 
-const TEnumTypeInfo kSetVariableForceTypeInfo{
-    "TJXSetVariableForceType", {"ftDefault", "ftString", "ftInteger", "ftFloat", "ftBoolean"}, {}};
+const TEnumTypeInfo kSetVariableForceTypeInfo = EnumTypeInfo<ftBoolean>(
+    "TJXSetVariableForceType", {"ftDefault", "ftString", "ftInteger", "ftFloat", "ftBoolean"});
 
 namespace {
 

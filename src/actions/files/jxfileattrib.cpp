@@ -7,8 +7,8 @@
 
 namespace jx {
 
-const TEnumTypeInfo TAttributeSettingInfo{
-    "TAttributeSetting", {"asNone", "asSet", "asClear"}, {"Don't Touch", "Set", "Clear"}};
+const TEnumTypeInfo kAttributeSettingInfo =
+    EnumTypeInfo<asClear>("TAttributeSetting", {"asNone", "asSet", "asClear"}, std::array{"Don't Touch", "Set", "Clear"});
 
 namespace {
 
@@ -150,10 +150,10 @@ const TJXClassInfo& TSetFileAttributesAction::ClassInfo() {
           .WideString("FileSpec", &C::FileSpec, &C::SetFileSpec)
           .WordBool("Recurse", &C::Recurse, &C::SetRecurse)
           .WordBool("LogAllFiles", &C::LogAllFiles, &C::SetLogAllFiles)
-          .Enumeration("ReadOnly", TAttributeSettingInfo, &C::ReadOnly, &C::SetReadOnly)
-          .Enumeration("Hidden", TAttributeSettingInfo, &C::Hidden, &C::SetHidden)
-          .Enumeration("SystemFile", TAttributeSettingInfo, &C::SystemFile, &C::SetSystemFile)
-          .Enumeration("Archive", TAttributeSettingInfo, &C::Archive, &C::SetArchive)
+          .Enumeration("ReadOnly", kAttributeSettingInfo, &C::ReadOnly, &C::SetReadOnly)
+          .Enumeration("Hidden", kAttributeSettingInfo, &C::Hidden, &C::SetHidden)
+          .Enumeration("SystemFile", kAttributeSettingInfo, &C::SystemFile, &C::SetSystemFile)
+          .Enumeration("Archive", kAttributeSettingInfo, &C::Archive, &C::SetArchive)
           .Build());
   return info;
 }

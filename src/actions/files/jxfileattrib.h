@@ -13,7 +13,7 @@ namespace jx {
 enum TAttributeSetting { asNone, asSet, asClear };
 // Value names, and the words the property grid shows ("Don't Touch", "Set",
 // "Clear"); a project file may use either.
-extern const TEnumTypeInfo TAttributeSettingInfo;
+extern const TEnumTypeInfo kAttributeSettingInfo;
 
 class TCustomSetFileAttributesAction : public TJXAction {
  public:

@@ -64,6 +64,7 @@ bool ReadDirEntry(DirReader& reader, RawDirEntry& entry) {
   if (found->d_type == DT_DIR) entry.attr |= faDirectory;
   if (posix::HasHiddenName(entry.name)) entry.attr |= faHidden;
   reader.SetEntryType(found->d_type);
+  entry.kind_known = reader.TypeTellsKind();
   return true;
 }
 
