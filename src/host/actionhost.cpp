@@ -43,11 +43,16 @@ bool ActionHost::TryExpandExpression(TCustomJXAction& action, const std::string&
                                      std::string& result, bool flag) {
   try {
     result = ExpandExpression(text, flag);
-    return true;
   } catch (const Exception& e) {
     SendMessage(action, "Unable to expand " + caption + " : " + e.Message());
     return false;
   }
+  // The flag asks for a value: a path that expands to nothing must not become the root.
+  if (flag && result.empty()) {
+    SendMessage(action, "Unable to expand " + caption + " : the expanded text is empty");
+    return false;
+  }
+  return true;
 }
 
 void ActionHost::SetVariable(const std::string& name, const Variant& value) { variables_.Set(name, value); }

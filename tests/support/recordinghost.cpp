@@ -56,11 +56,16 @@ bool RecordingHost::TryExpandExpression(TCustomJXAction& action, const std::stri
                                         const std::string& text, std::string& result, bool flag) {
   try {
     result = ExpandExpression(text, flag);
-    return true;
   } catch (const Exception& e) {
     SendMessage(action, "Unable to expand " + caption + " : " + e.Message());
     return false;
   }
+  // The flag asks for a value: a path that expands to nothing must not become the root.
+  if (flag && result.empty()) {
+    SendMessage(action, "Unable to expand " + caption + " : the expanded text is empty");
+    return false;
+  }
+  return true;
 }
 
 Variant RecordingHost::GetVariableValue(const std::string& name) {
