@@ -5,7 +5,7 @@ set -euo pipefail
 
 packages=(
   build-essential cmake pkg-config
-  libpugixml-dev libcli11-dev libfmt-dev liblua5.4-dev libsodium-dev
+  libpugixml-dev libcli11-dev libfmt-dev libsodium-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   g++-mingw-w64-x86-64-posix
   hyperfine

@@ -1,6 +1,5 @@
 // jaxtor run: load, apply the defines, validate, run, then dump the variables.
 #include <fmt/format.h>
-#include <unistd.h>
 
 #include <cstdio>
 #include <exception>
@@ -11,6 +10,7 @@
 #include "host/defines.h"
 #include "host/interrupt.h"
 #include "host/projectxml.h"
+#include "host/terminal.h"
 #include "host/validation.h"
 #include "host/variablesjson.h"
 #include "platform/attributes.h"
@@ -70,7 +70,7 @@ int RunCommand(const RunOptions& options) {
   if (!project) return kExitUsage;
   if (PrintProblems(*project)) return kExitInvalid;
 
-  BuildLog log(stdout, isatty(STDOUT_FILENO) != 0);
+  BuildLog log(stdout, StdoutIsTerminal());
   if (!options.LogFile.empty()) {
     try {
       log.OpenFile(options.LogFile);
@@ -81,7 +81,7 @@ int RunCommand(const RunOptions& options) {
   }
   SetStoredAttributesUsed(!options.IgnoreStoredAttributes);
   VariableStore variables = VariableStore::FromProject(*project);
-  const bool unattended = options.Unattended || isatty(STDIN_FILENO) == 0;
+  const bool unattended = options.Unattended || !StdinIsTerminal();
   BuildRun run(*project, variables, log, unattended);
   const bool succeeded = RunWithInterrupts(run);
   const bool written = Finish(log, variables, options);

@@ -35,6 +35,7 @@ bool BuildRun::RunActions() {
 }
 
 void BuildRun::RequestStop() {
+  stop_.store(true);  // at once, so that no further action or pass starts
   main_thread_.Post([this] { Stop(); });
 }
 

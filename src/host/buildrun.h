@@ -22,8 +22,8 @@ class BuildRun {
   // Injects the host, resets every action and runs them; ends the log with
   // the build's result. True when the build succeeded.
   bool Run();
-  // From any thread: the main thread sets the stop signal and terminates the
-  // running action when it can be terminated.
+  // From any thread: sets the stop signal at once; the main thread then
+  // terminates the running action when it can be terminated.
   void RequestStop();
   // On the main thread: the same, at once.
   void Stop();

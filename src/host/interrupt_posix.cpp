@@ -64,8 +64,9 @@ void InterruptWatcher::Watch() {
     if (got < 0 && errno == EINTR) continue;
     if (got <= 0 || byte == kQuit) return;
     if (++interrupts == 1) {
-      std::fputs("jaxtor: stopping the build (Ctrl-C again to quit at once)\n", stderr);
+      // Stop first: whoever reads the notice may rely on the stop being set.
       on_interrupt_();
+      std::fputs("jaxtor: stopping the build (Ctrl-C again to quit at once)\n", stderr);
     } else {
       std::fputs("jaxtor: interrupted\n", stderr);
       std::_Exit(130);

@@ -1,0 +1,109 @@
+// jaxtor run when the user stops it, and without a user. Each pass of the
+// loop copies a named pipe, which blocks until the test opens the pipe's
+// other end: the test knows which pass is running without any timing.
+#include <fcntl.h>
+#include <signal.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <filesystem>
+#include <thread>
+
+#include "cli/jaxtorprocess.h"
+
+namespace jx::test {
+namespace {
+
+class StopTest : public ::testing::Test {
+ protected:
+  StopTest() {
+    dir.MakeDir("in");
+    dir.MakeDir("out");
+    for (const char* name : {"in/a.fifo", "in/b.fifo"}) mkfifo((dir / name).c_str(), 0600);
+    const std::string copy = ActionXml(
+        "TCopyFilesAction", {{"FileSpec", "%ITEM%"}, {"Target", dir / "out"}, {"TargetIsDir", "True"}});
+    project = WriteProject(dir, "p.xml", "",
+                           ActionXml("TFileIterator", {{"VariableName", "ITEM"}, {"FileSpec", dir / "in/*.fifo"}}, copy));
+  }
+
+  // Opens the writing end of whichever pipe a pass is copying; -1 when the
+  // process ended first. A pipe without a reader refuses a non-blocking open.
+  int OpenPipeBeingCopied(const JaxtorProcess& process) {
+    for (int tries = 0; tries < 2000; ++tries) {
+      for (const char* name : {"in/a.fifo", "in/b.fifo"}) {
+        const int fd = open((dir / name).c_str(), O_WRONLY | O_NONBLOCK);
+        if (fd >= 0) return fd;
+      }
+      if (!process.Running()) return -1;
+      std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    return -1;
+  }
+
+  // Waits until jaxtor has taken the first Ctrl-C (it prints a notice).
+  void WaitForStopNotice(const JaxtorProcess& process) {
+    for (int tries = 0; tries < 2000 && process.Running(); ++tries) {
+      if (ReadFile(dir / "stderr.txt").find("stopping the build") != std::string::npos) return;
+      std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+  }
+
+  size_t CopiedFiles() const {
+    size_t count = 0;
+    for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator(dir / "out")) ++count;
+    return count;
+  }
+
+  TempDir dir;
+  std::string project;
+};
+
+TEST_F(StopTest, CtrlCStopsTheLoopBetweenPassesAndFailsTheBuild) {
+  JaxtorProcess process({"run", project, "--log", dir / "build.log"}, dir);
+  const int pipe = OpenPipeBeingCopied(process);
+  ASSERT_GE(pipe, 0) << ReadFile(dir / "stdout.txt");
+  process.Signal(SIGINT);
+  WaitForStopNotice(process);
+  close(pipe);  // the first pass's copy ends; no second pass may start
+  const JaxtorResult result = process.Wait();
+  EXPECT_EQ(1, result.ExitCode) << result.Err;
+  EXPECT_EQ("jaxtor: stopping the build (Ctrl-C again to quit at once)\n", result.Err);
+  const std::string log = ReadFile(dir / "build.log");
+  EXPECT_EQ("Build stopped by user\n", log.substr(log.size() - 22)) << log;
+  EXPECT_EQ("Build failed\n", result.Out.substr(result.Out.size() - 13));
+  EXPECT_EQ(1u, CopiedFiles());
+}
+
+TEST_F(StopTest, SecondCtrlCQuitsAtOnceWithStatus130) {
+  JaxtorProcess process({"run", project}, dir);
+  const int pipe = OpenPipeBeingCopied(process);
+  ASSERT_GE(pipe, 0) << ReadFile(dir / "stdout.txt");
+  process.Signal(SIGINT);
+  WaitForStopNotice(process);
+  process.Signal(SIGINT);  // the copy is still blocked on the pipe
+  const JaxtorResult result = process.Wait();
+  close(pipe);
+  EXPECT_EQ(130, result.ExitCode);
+  EXPECT_EQ("jaxtor: stopping the build (Ctrl-C again to quit at once)\njaxtor: interrupted\n", result.Err);
+}
+
+// Without a terminal on standard input, or with --unattended, the build runs
+// to its end with nobody to answer; both give the same result.
+TEST(Unattended, RunsTheWholeBuildWithoutAUser) {
+  TempDir dir;
+  dir.WriteFile("in/a.txt", "a");
+  dir.MakeDir("out");
+  const std::string project = WriteProject(
+      dir, "p.xml", "",
+      ActionXml("TCopyFilesAction", {{"FileSpec", dir / "in/a.txt"}, {"Target", dir / "out"}, {"TargetIsDir", "True"}}));
+  const JaxtorResult result = RunJaxtor({"run", project, "--unattended"}, dir);
+  EXPECT_EQ(0, result.ExitCode) << result.Out << result.Err;
+  EXPECT_EQ("a", ReadFile(dir / "out/a.txt"));
+  EXPECT_EQ("Build succeeded\n", result.Out.substr(result.Out.size() - 16));
+}
+
+}  // namespace
+}  // namespace jx::test
