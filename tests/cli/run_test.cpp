@@ -114,7 +114,9 @@ TEST_F(RunCommand, UsageErrorsExitWith2) {
   for (const auto& c : cases) {
     const JaxtorResult result = RunJaxtor(c.args, dir);
     EXPECT_EQ(2, result.ExitCode) << result.Err;
-    if (!c.error.empty()) EXPECT_EQ(c.error, result.Err);
+    if (!c.error.empty()) {
+      EXPECT_EQ(c.error, result.Err);
+    }
   }
   EXPECT_TRUE(Exists("work/a.o"));
 }
