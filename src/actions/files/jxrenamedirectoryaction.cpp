@@ -33,7 +33,8 @@ bool TCustomRenameDirAction::Validate(IJXActionValidationError& errors) {
   return valid;
 }
 
-// The host reports an expansion that fails.
+// The host reports an expansion that fails or comes out empty (an empty new
+// name would rename the source onto its own parent); the action ends there.
 bool TCustomRenameDirAction::Execute() {
   std::string source;
   if (!ExpandSource(source)) return false;
