@@ -296,8 +296,9 @@ bool TMoveFilesAction::MoveOne(TStrings& log, const std::string& source, const s
     return true;
   };
   // A destination that does not exist yet needs none of the checks below, so
-  // the move (which never replaces) comes first; on any failure the steps run in full.
-  if (MoveFileTo(source, dest)) return moved();
+  // the move (which never replaces) comes first; on any failure the steps run
+  // in full. On another file system the file is copied there, then deleted.
+  if (MoveFileAcrossVolumes(source, dest)) return moved();
   const bool exists = FileExists(dest);
   const bool same = source == dest;
   if (FStopOnAnyErrors && !FileExists(source)) {
@@ -319,7 +320,7 @@ bool TMoveFilesAction::MoveOne(TStrings& log, const std::string& source, const s
     log_failure(SysErrorMessage(GetLastError()));
     return false;
   }
-  if (!MoveFileTo(source, dest)) {
+  if (!MoveFileAcrossVolumes(source, dest)) {
     log_failure(SysErrorMessage(GetLastError()));
     ++FErrorCount;
     return !FStopOnAnyErrors;

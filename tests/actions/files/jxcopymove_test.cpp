@@ -2,9 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <filesystem>
+#include <fstream>
 
 #include "platform/attributes.h"
+#include "platform/fileidentity.h"
+#include "platform/filetime.h"
 #include "support/recordinghost.h"
 #include "support/tempdir.h"
 
@@ -266,6 +271,33 @@ TEST_F(MoveFilesTest, ExpansionErrorAndZeroFiles) {
   h.Action.SetFailIfZeroFiles(true);
   EXPECT_FALSE(Run(dir / "*.none", dir / "out"));
   EXPECT_EQ((Lines{"Moving files : " + (dir / "*.none") + " -> " + (dir / "out"), "0 Files Moved."}), h.Host.Lines);
+}
+
+// A directory in /dev/shm, a file system apart from the temporary directory's.
+struct SharedMemoryDir {
+  SharedMemoryDir() { fs::create_directories(Path); }
+  ~SharedMemoryDir() { fs::remove_all(Path); }
+  const std::string Path = "/dev/shm/jxmove-" + std::to_string(::getpid());
+};
+
+TEST_F(MoveFilesTest, AFileGoesToAnotherFileSystemWithItsTime) {
+  SharedMemoryDir shm;
+  TFileIdentity from, to;
+  ASSERT_TRUE(GetFileIdentity(shm.Path, from) && GetFileIdentity(dir.Path(), to));
+  if (from.Device == to.Device) GTEST_SKIP() << "/dev/shm and " << dir.Path() << " share a file system";
+  const std::string source = shm.Path + "/a.txt";
+  { std::ofstream(source) << "data"; }
+  const TDateTime time = EncodeDateTime(2001, 5, 6, 10, 11, 12, 0);
+  ASSERT_TRUE(FileSetDate(source, time));
+  h.Action.SetTargetIsDir(true);
+
+  EXPECT_TRUE(Run(shm.Path + "/*.txt", dir.Path()));
+  EXPECT_EQ((Lines{"Moving files : " + shm.Path + "/*.txt -> " + dir.Path(), "1 Files Moved."}), h.Host.Lines);
+  EXPECT_FALSE(fs::exists(source));
+  EXPECT_EQ("data", ReadFile(dir / "a.txt"));
+  TDateTime moved = 0;
+  EXPECT_TRUE(FileGetDate(dir / "a.txt", moved));
+  EXPECT_NEAR(time, moved, 1e-3 / 86400);  // to the millisecond
 }
 
 }  // namespace
