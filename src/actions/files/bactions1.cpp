@@ -33,7 +33,7 @@ namespace {
 // the same directory after the delete moves to the root.
 std::string FromCurrentDir(const std::string& path) {
   if (!ExtractFileDrive(path).empty() || IsPathDelimiter(path, 0)) return path;
-  return IncludeTrailingPathDelimiter(GetCurrentDir()) + path;
+  return JoinPath(GetCurrentDir(), path);
 }
 
 // Both directory actions publish the common base's two properties first.
@@ -187,7 +187,7 @@ bool TDeleteDirectoryAction::DeleteDir(const std::string& dir) const {
 
 // A linked directory goes as a link: what it points to lies outside the tree.
 bool TDeleteDirectoryAction::RemoveTree(const std::string& dir) const {
-  return (IsDirectoryLink(dir) || DelTree(IncludeTrailingPathDelimiter(dir) + "*.*")) && RemoveDir(dir);
+  return (IsDirectoryLink(dir) || DelTree(JoinPath(dir, "*.*"))) && RemoveDir(dir);
 }
 
 // Deletes everything that `mask` finds, depth first, and stops at the first
@@ -198,7 +198,7 @@ bool TDeleteDirectoryAction::DelTree(const std::string& mask) const {
   const std::string dir = ExtractFilePath(mask);
   bool result = true;
   do {
-    const std::string path = dir + rec.Name;
+    const std::string path = JoinPath(dir, rec.Name);
     if (rec.Attr & faDirectory) {
       if (rec.Name == "." || rec.Name == "..") continue;
       result = RemoveTree(path);

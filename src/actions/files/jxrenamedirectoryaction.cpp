@@ -68,8 +68,7 @@ bool TCustomRenameDirAction::ExpandSource(std::string& source) {
 }
 
 std::string TCustomRenameDirAction::NewPath(const std::string& source, const std::string& new_name) const {
-  if (FRenameDir) return IncludeTrailingPathDelimiter(GetParentDir(source)) + new_name;
-  return ExtractFilePath(source) + new_name;
+  return JoinPath(FRenameDir ? GetParentDir(source) : ExtractFilePath(source), new_name);
 }
 
 const TJXClassInfo& TRenameDirAction::ClassInfo() {

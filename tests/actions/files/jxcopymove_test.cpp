@@ -10,6 +10,7 @@
 #include "platform/attributes.h"
 #include "platform/fileidentity.h"
 #include "platform/filetime.h"
+#include "support/actiontest.h"
 #include "support/recordinghost.h"
 #include "support/tempdir.h"
 
@@ -298,6 +299,22 @@ TEST_F(MoveFilesTest, AFileGoesToAnotherFileSystemWithItsTime) {
   TDateTime moved = 0;
   EXPECT_TRUE(FileGetDate(dir / "a.txt", moved));
   EXPECT_NEAR(time, moved, 1e-3 / 86400);  // to the millisecond
+}
+
+// A spec without directory part is read in the working directory, and so is
+// its recursion.
+TEST_F(CopyFilesTest, BareSpecMeansTheWorkingDirectory) {
+  dir.WriteFile("a.txt", "a");
+  dir.WriteFile("s/b.txt", "b");
+  TempDir out;
+  test::CurrentDirScope cwd(dir.Path());
+  h.Action.SetRecurse(true);
+  h.Action.SetTargetIsDir(true);
+  h.Action.SetForceDir(true);
+  EXPECT_TRUE(Run("*.txt", out.Path()));
+  EXPECT_EQ("2 Files Copied.", h.Host.Lines.back());
+  EXPECT_EQ("a", ReadFile(out / "a.txt"));
+  EXPECT_EQ("b", ReadFile(out / "s/b.txt"));
 }
 
 }  // namespace

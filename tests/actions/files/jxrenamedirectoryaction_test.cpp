@@ -78,5 +78,13 @@ TEST_F(RenameDirTest, MissingSourceTakenNameAndEmptyNewName) {
   EXPECT_TRUE(fs::is_directory(dir / "old"));
 }
 
+// A bare directory name is renamed where it is, not moved to the root.
+TEST_F(RenameDirTest, BareNameStaysInTheWorkingDirectory) {
+  dir.MakeDir("rdir");
+  test::CurrentDirScope cwd(dir.Path());
+  EXPECT_TRUE(RenameDirectory("rdir", "renamed"));
+  EXPECT_TRUE(fs::is_directory(dir / "renamed"));
+}
+
 }  // namespace
 }  // namespace jx
