@@ -211,9 +211,10 @@ TEST_F(TouchFilesTest, BareSpecMeansTheWorkingDirectory) {
   const std::string deep = OldFile("sub/b.txt");
   test::CurrentDirScope cwd(dir.Path());
   EXPECT_TRUE(Run("a.txt"));
+  ASSERT_EQ((Lines{"Processed : 1 File(s)"}), h.Host.Lines);  // else the recursion might walk the root
   h.Action.SetRecurse(true);
   EXPECT_TRUE(Run("*.txt"));
-  EXPECT_EQ((Lines{"Processed : 1 File(s)", "Processed : 2 File(s)"}), h.Host.Lines);
+  EXPECT_EQ("Processed : 2 File(s)", h.Host.Lines.back());
   EXPECT_EQ("2020-01-02T03:04:04", TimeOf(deep));
 }
 
