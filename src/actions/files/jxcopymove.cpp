@@ -5,6 +5,7 @@
 #include "platform/attributes.h"
 #include "platform/copymove.h"
 #include "platform/directories.h"
+#include "platform/fileidentity.h"
 #include "platform/fileops.h"
 #include "platform/findfile.h"
 #include "platform/lasterror.h"
@@ -281,8 +282,7 @@ std::string TMoveFilesAction::MoveDestination(const std::string& target, const s
   return JoinPath(target, name);
 }
 
-// Moves one file; false when the run must stop. A file moved onto itself is
-// not deleted first, so the move then fails on the existing name.
+// Moves one file; false when the run must stop.
 bool TMoveFilesAction::MoveOne(TStrings& log, const std::string& source, const std::string& dest) {
   const auto log_failure = [&](const std::string& reason) {
     log.Add(" --> Error Moving File : " + source + " -> " + dest);
@@ -298,7 +298,6 @@ bool TMoveFilesAction::MoveOne(TStrings& log, const std::string& source, const s
   // in full. On another file system the file is copied there, then deleted.
   if (MoveFileAcrossVolumes(source, dest)) return moved();
   const bool exists = FileExists(dest);
-  const bool same = source == dest;
   if (FStopOnAnyErrors && !FileExists(source)) {
     log_failure("Source File Does not exist");
     return false;
@@ -314,7 +313,9 @@ bool TMoveFilesAction::MoveOne(TStrings& log, const std::string& source, const s
     }
     FileSetAttr(dest, faNormal);
   }
-  if (exists && !same && !RemoveFile(dest) && FStopOnAnyErrors) {
+  // However the two are spelled, a destination that is the source itself is
+  // never deleted: the move onto itself then fails, and the file stays.
+  if (exists && !IsSameFile(source, dest) && !RemoveFile(dest) && FStopOnAnyErrors) {
     log_failure(SysErrorMessage(GetLastError()));
     return false;
   }

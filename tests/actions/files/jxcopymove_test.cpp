@@ -239,14 +239,19 @@ TEST_F(MoveFilesTest, ExistingTargetIsReplacedUnlessFailIfExistsOrReadOnly) {
   EXPECT_FALSE(fs::exists(source));
 }
 
+// The same file, however spelled, is never deleted: the move onto itself
+// fails and is counted, and the file stays.
 TEST_F(MoveFilesTest, MovingAFileOntoItselfKeepsIt) {
-  const std::string file = dir.WriteFile("a", "data");
-  EXPECT_TRUE(Run(file, file));
-  EXPECT_EQ((Lines{"Moving files : " + file + " -> " + file, " --> Error Moving File : " + file + " -> " + file,
-                   " --> File exists", "0 Files Moved."}),
-            h.Host.Lines);
-  EXPECT_EQ(1, h.Action.ErrorCount());
-  EXPECT_EQ("data", ReadFile(file));
+  const std::string file = dir.WriteFile("d/f.txt", "data");
+  test::CurrentDirScope cwd(dir.Path());
+  for (const auto& [spec, target] : {std::pair<std::string, std::string>{file, file}, {"d/f.txt", "./d/f.txt"}}) {
+    EXPECT_TRUE(Run(spec, target));
+    EXPECT_EQ((Lines{"Moving files : " + spec + " -> " + target, " --> Error Moving File : " + spec + " -> " + target,
+                     " --> File exists", "0 Files Moved."}),
+              h.Host.Lines);
+    EXPECT_EQ(1, h.Action.ErrorCount());
+    EXPECT_EQ("data", ReadFile(file));
+  }
 }
 
 TEST_F(MoveFilesTest, FailedMovesCountUnlessStopOnAnyErrors) {
