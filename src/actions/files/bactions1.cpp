@@ -1,7 +1,9 @@
 #include "actions/files/bactions1.h"
 
+#include "framework/jxhostutils.h"
 #include "platform/attributes.h"
 #include "platform/directories.h"
+#include "platform/fileidentity.h"
 #include "platform/fileops.h"
 #include "platform/findfile.h"
 #include "platform/lasterror.h"
@@ -30,10 +32,20 @@ void TFileOrDirectoryAction::GetPropertyHelp(TStrings& list) const {
 namespace {
 
 // A relative path read from the current directory, so that it still names
-// the same directory after the delete moves to the root.
+// the same directory if the delete moves to the root.
 std::string FromCurrentDir(const std::string& path) {
   if (!ExtractFileDrive(path).empty() || IsPathDelimiter(path, 0)) return path;
-  return IncludeTrailingPathDelimiter(GetCurrentDir()) + path;
+  return JoinPath(GetCurrentDir(), path);
+}
+
+// Whether `dir` is `target` or lies somewhere below it.
+bool LiesWithin(std::string dir, const std::string& target) {
+  for (;;) {
+    if (IsSameFile(dir, target)) return true;
+    std::string parent = GetParentDir(dir);
+    if (parent.empty() || parent == dir) return false;
+    dir = std::move(parent);
+  }
 }
 
 // Both directory actions publish the common base's two properties first.
@@ -158,8 +170,9 @@ bool TDeleteDirectoryAction::Execute() {
     dir = ExpandExpression(FFileOrDirectory, true);
     if (!DirectoryExists(dir)) return true;
     const std::string target = FromCurrentDir(dir);
-    // The process must not stand inside the tree it removes.
-    SetCurrentDir(ExtractFileDrive(target) + PathDelim);
+    // The process must not stand inside the tree it removes; anywhere else it
+    // stays, so relative paths of later actions keep their meaning.
+    if (LiesWithin(GetCurrentDir(), target)) SetCurrentDir(ExtractFileDrive(target) + PathDelim);
     ClearDirectoryAttributes(target);
     if (!DeleteDir(target)) RaiseLastOSError();
     return true;
@@ -187,7 +200,7 @@ bool TDeleteDirectoryAction::DeleteDir(const std::string& dir) const {
 
 // A linked directory goes as a link: what it points to lies outside the tree.
 bool TDeleteDirectoryAction::RemoveTree(const std::string& dir) const {
-  return (IsDirectoryLink(dir) || DelTree(IncludeTrailingPathDelimiter(dir) + "*.*")) && RemoveDir(dir);
+  return (IsDirectoryLink(dir) || DelTree(JoinPath(dir, "*.*"))) && RemoveDir(dir);
 }
 
 // Deletes everything that `mask` finds, depth first, and stops at the first
@@ -198,7 +211,7 @@ bool TDeleteDirectoryAction::DelTree(const std::string& mask) const {
   const std::string dir = ExtractFilePath(mask);
   bool result = true;
   do {
-    const std::string path = dir + rec.Name;
+    const std::string path = JoinPath(dir, rec.Name);
     if (rec.Attr & faDirectory) {
       if (rec.Name == "." || rec.Name == "..") continue;
       result = RemoveTree(path);

@@ -1,5 +1,8 @@
 #include "actions/files/bactions1.h"
 
+#include <algorithm>
+#include <string_view>
+
 #include "framework/jxhostutils.h"
 #include "platform/shortpath.h"
 #include "rtl/paths.h"
@@ -59,9 +62,16 @@ std::string ShortFileNames(const std::string& text) {
   }
 }
 
+// An optional sign and decimal digits only: the runtime's integer conversion
+// also reads "$10" and "0x1F" as hexadecimal, which a variable's text is not.
+bool IsDecimalInteger(std::string_view text) {
+  if (!text.empty() && (text.front() == '+' || text.front() == '-')) text.remove_prefix(1);
+  return !text.empty() && std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
 // The value of the text as the first of integer, float, boolean and text that takes it.
 Variant AutoTyped(const std::string& text) {
-  const int32_t integer = StrToIntDef(text, kNotAnInteger);
+  const int32_t integer = IsDecimalInteger(text) ? StrToIntDef(text, kNotAnInteger) : kNotAnInteger;
   if (integer != kNotAnInteger) return Variant(integer);
   double number = 0;
   if (TryStrToFloat(text, number) && number != kNotAFloat) return Variant(number);

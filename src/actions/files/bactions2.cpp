@@ -91,7 +91,7 @@ bool TCustomDeleteFilesAction::DeleteMatches(const std::string& spec, TStrings& 
   const std::string dir = ExtractFilePath(spec);
   bool result = true;
   do {
-    const std::string file_name = dir + rec.Name;
+    const std::string file_name = JoinPath(dir, rec.Name);
     const TDeleteOutcome outcome = DeleteOne(file_name);
     if (outcome == TDeleteOutcome::Failed) {
       log.Add(" --> Error Deleting File : " + file_name);

@@ -5,6 +5,7 @@
 #include "platform/attributes.h"
 #include "platform/copymove.h"
 #include "platform/directories.h"
+#include "platform/fileidentity.h"
 #include "platform/fileops.h"
 #include "platform/findfile.h"
 #include "platform/lasterror.h"
@@ -31,7 +32,7 @@ bool IsRecursedInto(const TSearchRec& rec) {
 std::vector<std::string> ListSubdirectories(const std::string& dir) {
   std::vector<std::string> names;
   TSearchRec rec;
-  if (FindFirst(dir + PathDelim + "*", faDirectory, rec, TFindDetail::Kind) != 0) return names;
+  if (FindFirst(JoinPath(dir, "*"), faDirectory, rec, TFindDetail::Kind) != 0) return names;
   do {
     if (IsRecursedInto(rec)) names.push_back(rec.Name);
   } while (FindNext(rec) == 0);
@@ -138,7 +139,7 @@ bool TCustomCopyFilesAction::Execute() {
 
 bool TCustomCopyFilesAction::DoRecursiveCopyMove(TStrings& log, const std::string& spec, int32_t& count,
                                                  const std::string& destination) {
-  const std::string dir = ExtractFileDir(spec);
+  const std::string dir = ExtractFilePath(spec);
   const std::string mask = ExtractFileName(spec);
   // A search for every name already meets each subdirectory; others need a search of their own.
   const bool lists_subdirectories = FRecurse && IsEveryName(mask);
@@ -148,9 +149,8 @@ bool TCustomCopyFilesAction::DoRecursiveCopyMove(TStrings& log, const std::strin
   if (!lists_subdirectories) subdirectories = ListSubdirectories(dir);
   // A failure inside a subdirectory is logged there but stops neither its
   // siblings nor the copy as a whole.
-  const std::string dest_dir = ExcludeTrailingPathDelimiter(destination);
   for (const std::string& name : subdirectories) {
-    DoRecursiveCopyMove(log, dir + PathDelim + name + PathDelim + mask, count, dest_dir + PathDelim + name);
+    DoRecursiveCopyMove(log, JoinPath(JoinPath(dir, name), mask), count, JoinPath(destination, name));
   }
   return ok;
 }
@@ -163,7 +163,7 @@ bool TCustomCopyFilesAction::CopyMatches(TStrings& log, const std::string& spec,
   TSearchRec rec;
   if (FindFirst(spec, faAnyFile, rec, TFindDetail::Kind) != 0) return true;
   const bool wild = HasWildcards(spec);
-  const std::string dir = ExtractFileDir(spec);
+  const std::string dir = ExtractFilePath(spec);
   // Every match of one directory goes into the same destination directory,
   // so Force makes it once, before the first file.
   bool dest_dir_made = false;
@@ -172,9 +172,8 @@ bool TCustomCopyFilesAction::CopyMatches(TStrings& log, const std::string& spec,
       if (subdirectories && IsRecursedInto(rec)) subdirectories->push_back(rec.Name);
       continue;
     }
-    const std::string source = dir + PathDelim + rec.Name;
-    const std::string dest =
-        FTargetIsDir ? ExcludeTrailingPathDelimiter(destination) + PathDelim + rec.Name : destination;
+    const std::string source = JoinPath(dir, rec.Name);
+    const std::string dest = FTargetIsDir ? JoinPath(destination, rec.Name) : destination;
     if (FForce && !dest_dir_made) dest_dir_made = ForceDirectories(ExtractFileDir(dest));
     if (!ProcessFile(log, source, dest)) {
       FindClose(rec);
@@ -269,7 +268,7 @@ bool TMoveFilesAction::MoveMatches(TStrings& log, const std::string& spec, const
   if (FindFirst(spec, faReadOnly | faHidden, rec, TFindDetail::Kind) == 0) {
     const std::string dir = ExtractFilePath(spec);
     do {
-      go_on = MoveOne(log, dir + rec.Name, MoveDestination(target, rec.Name));
+      go_on = MoveOne(log, JoinPath(dir, rec.Name), MoveDestination(target, rec.Name));
     } while (go_on && FindNext(rec) == 0);
     FindClose(rec);
   }
@@ -280,11 +279,10 @@ bool TMoveFilesAction::MoveMatches(TStrings& log, const std::string& spec, const
 std::string TMoveFilesAction::MoveDestination(const std::string& target, const std::string& name) {
   if (!FTargetIsDir) return target;
   if (FForce) ForceDirectories(target);
-  return IncludeTrailingPathDelimiter(target) + name;
+  return JoinPath(target, name);
 }
 
-// Moves one file; false when the run must stop. A file moved onto itself is
-// not deleted first, so the move then fails on the existing name.
+// Moves one file; false when the run must stop.
 bool TMoveFilesAction::MoveOne(TStrings& log, const std::string& source, const std::string& dest) {
   const auto log_failure = [&](const std::string& reason) {
     log.Add(" --> Error Moving File : " + source + " -> " + dest);
@@ -296,10 +294,10 @@ bool TMoveFilesAction::MoveOne(TStrings& log, const std::string& source, const s
     return true;
   };
   // A destination that does not exist yet needs none of the checks below, so
-  // the move (which never replaces) comes first; on any failure the steps run in full.
-  if (MoveFileTo(source, dest)) return moved();
+  // the move (which never replaces) comes first; on any failure the steps run
+  // in full. On another file system the file is copied there, then deleted.
+  if (MoveFileAcrossVolumes(source, dest)) return moved();
   const bool exists = FileExists(dest);
-  const bool same = source == dest;
   if (FStopOnAnyErrors && !FileExists(source)) {
     log_failure("Source File Does not exist");
     return false;
@@ -315,11 +313,13 @@ bool TMoveFilesAction::MoveOne(TStrings& log, const std::string& source, const s
     }
     FileSetAttr(dest, faNormal);
   }
-  if (exists && !same && !RemoveFile(dest) && FStopOnAnyErrors) {
+  // However the two are spelled, a destination that is the source itself is
+  // never deleted: the move onto itself then fails, and the file stays.
+  if (exists && !IsSameFile(source, dest) && !RemoveFile(dest) && FStopOnAnyErrors) {
     log_failure(SysErrorMessage(GetLastError()));
     return false;
   }
-  if (!MoveFileTo(source, dest)) {
+  if (!MoveFileAcrossVolumes(source, dest)) {
     log_failure(SysErrorMessage(GetLastError()));
     ++FErrorCount;
     return !FStopOnAnyErrors;

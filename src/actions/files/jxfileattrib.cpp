@@ -114,15 +114,15 @@ void TCustomSetFileAttributesAction::DoRecursiveAction(TStrings& log, const std:
   TSearchRec rec;
   if (FindFirst(spec, faAnyFile, rec) == 0) {
     do {
-      if ((rec.Attr & faDirectory) == 0) ProcessFile(log, dir + rec.Name, rec.Attr);
+      if ((rec.Attr & faDirectory) == 0) ProcessFile(log, JoinPath(dir, rec.Name), rec.Attr);
     } while (wild && FindNext(rec) == 0);
     FindClose(rec);
   }
   if (!recurse) return;
-  if (FindFirst(dir + "*", faDirectory, rec, TFindDetail::Kind) == 0) {
+  if (FindFirst(JoinPath(dir, "*"), faDirectory, rec, TFindDetail::Kind) == 0) {
     do {
       if ((rec.Attr & faDirectory) != 0 && !IsDotEntry(rec.Name)) {
-        DoRecursiveAction(log, dir + rec.Name + PathDelim + mask, true);
+        DoRecursiveAction(log, JoinPath(JoinPath(dir, rec.Name), mask), true);
       }
     } while (FindNext(rec) == 0);
     FindClose(rec);

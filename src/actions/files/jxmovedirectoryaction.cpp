@@ -24,7 +24,8 @@ bool TJXMoveDirectoryAction::Validate(IJXActionValidationError& errors) {
   return valid;
 }
 
-// The host reports an expansion that fails.
+// Both paths must expand to something: the host reports an expansion that
+// fails or comes out empty, and the action ends there.
 bool TJXMoveDirectoryAction::Execute() {
   std::string source;
   std::string destination;

@@ -33,7 +33,8 @@ bool TCustomRenameDirAction::Validate(IJXActionValidationError& errors) {
   return valid;
 }
 
-// The host reports an expansion that fails.
+// The host reports an expansion that fails or comes out empty (an empty new
+// name would rename the source onto its own parent); the action ends there.
 bool TCustomRenameDirAction::Execute() {
   std::string source;
   if (!ExpandSource(source)) return false;
@@ -67,8 +68,7 @@ bool TCustomRenameDirAction::ExpandSource(std::string& source) {
 }
 
 std::string TCustomRenameDirAction::NewPath(const std::string& source, const std::string& new_name) const {
-  if (FRenameDir) return IncludeTrailingPathDelimiter(GetParentDir(source)) + new_name;
-  return ExtractFilePath(source) + new_name;
+  return JoinPath(FRenameDir ? GetParentDir(source) : ExtractFilePath(source), new_name);
 }
 
 const TJXClassInfo& TRenameDirAction::ClassInfo() {

@@ -28,7 +28,7 @@ bool TCustomRenameFilesAction::Execute() {
   if (FindFirst(source, faAnyFile, rec, TFindDetail::Kind) == 0) {
     do {
       GetNewFileName(rec.Name, target, new_name);
-      MoveFileTo(dir + rec.Name, dir + new_name);  // a failed rename is passed over silently
+      MoveFileTo(JoinPath(dir, rec.Name), JoinPath(dir, new_name));  // a failed rename is passed over silently
     } while (FindNext(rec) == 0);
     FindClose(rec);
   }

@@ -146,12 +146,12 @@ bool TCustomTouchFilesAction::ProcessFiles(const std::string& spec) {
 bool TCustomTouchFilesAction::TouchMatches(const std::string& spec, const std::string& dir) {
   TSearchRec rec;
   if (FindFirst(spec, faReadOnly | faArchive, rec, TFindDetail::Kind) != 0) return true;
-  const std::string parent = IncludeTrailingPathDelimiter(dir);
   bool result = true;
   do {
     if (IsDotEntry(rec.Name)) continue;
-    if (!TouchFile(parent + rec.Name)) {
-      LogStatus("Error touching File : " + dir + rec.Name);
+    const std::string path = JoinPath(dir, rec.Name);
+    if (!TouchFile(path)) {
+      LogStatus("Error touching File : " + path);
       result = false;
       break;
     }
@@ -162,12 +162,11 @@ bool TCustomTouchFilesAction::TouchMatches(const std::string& spec, const std::s
 
 // Hidden and system directories are not searched for, so not entered.
 bool TCustomTouchFilesAction::ProcessSubdirectories(const std::string& dir, const std::string& mask, bool result) {
-  const std::string parent = IncludeTrailingPathDelimiter(dir);
   TSearchRec rec;
-  if (FindFirst(parent + "*.*", faDirectory, rec, TFindDetail::Kind) != 0) return result;
+  if (FindFirst(JoinPath(dir, "*.*"), faDirectory, rec, TFindDetail::Kind) != 0) return result;
   do {
     if ((rec.Attr & faDirectory) != 0 && !IsDotEntry(rec.Name)) {
-      result = ProcessFiles(parent + rec.Name + PathDelim + mask);
+      result = ProcessFiles(JoinPath(JoinPath(dir, rec.Name), mask));
     }
   } while (FRecurse && FindNext(rec) == 0);
   FindClose(rec);

@@ -2,9 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <filesystem>
+#include <fstream>
 
 #include "platform/attributes.h"
+#include "platform/fileidentity.h"
+#include "platform/filetime.h"
+#include "support/actiontest.h"
 #include "support/recordinghost.h"
 #include "support/tempdir.h"
 
@@ -233,14 +239,19 @@ TEST_F(MoveFilesTest, ExistingTargetIsReplacedUnlessFailIfExistsOrReadOnly) {
   EXPECT_FALSE(fs::exists(source));
 }
 
+// The same file, however spelled, is never deleted: the move onto itself
+// fails and is counted, and the file stays.
 TEST_F(MoveFilesTest, MovingAFileOntoItselfKeepsIt) {
-  const std::string file = dir.WriteFile("a", "data");
-  EXPECT_TRUE(Run(file, file));
-  EXPECT_EQ((Lines{"Moving files : " + file + " -> " + file, " --> Error Moving File : " + file + " -> " + file,
-                   " --> File exists", "0 Files Moved."}),
-            h.Host.Lines);
-  EXPECT_EQ(1, h.Action.ErrorCount());
-  EXPECT_EQ("data", ReadFile(file));
+  const std::string file = dir.WriteFile("d/f.txt", "data");
+  test::CurrentDirScope cwd(dir.Path());
+  for (const auto& [spec, target] : {std::pair<std::string, std::string>{file, file}, {"d/f.txt", "./d/f.txt"}}) {
+    EXPECT_TRUE(Run(spec, target));
+    EXPECT_EQ((Lines{"Moving files : " + spec + " -> " + target, " --> Error Moving File : " + spec + " -> " + target,
+                     " --> File exists", "0 Files Moved."}),
+              h.Host.Lines);
+    EXPECT_EQ(1, h.Action.ErrorCount());
+    EXPECT_EQ("data", ReadFile(file));
+  }
 }
 
 TEST_F(MoveFilesTest, FailedMovesCountUnlessStopOnAnyErrors) {
@@ -266,6 +277,49 @@ TEST_F(MoveFilesTest, ExpansionErrorAndZeroFiles) {
   h.Action.SetFailIfZeroFiles(true);
   EXPECT_FALSE(Run(dir / "*.none", dir / "out"));
   EXPECT_EQ((Lines{"Moving files : " + (dir / "*.none") + " -> " + (dir / "out"), "0 Files Moved."}), h.Host.Lines);
+}
+
+// A directory in /dev/shm, a file system apart from the temporary directory's.
+struct SharedMemoryDir {
+  SharedMemoryDir() { fs::create_directories(Path); }
+  ~SharedMemoryDir() { fs::remove_all(Path); }
+  const std::string Path = "/dev/shm/jxmove-" + std::to_string(::getpid());
+};
+
+TEST_F(MoveFilesTest, AFileGoesToAnotherFileSystemWithItsTime) {
+  SharedMemoryDir shm;
+  TFileIdentity from, to;
+  ASSERT_TRUE(GetFileIdentity(shm.Path, from) && GetFileIdentity(dir.Path(), to));
+  if (from.Device == to.Device) GTEST_SKIP() << "/dev/shm and " << dir.Path() << " share a file system";
+  const std::string source = shm.Path + "/a.txt";
+  { std::ofstream(source) << "data"; }
+  const TDateTime time = EncodeDateTime(2001, 5, 6, 10, 11, 12, 0);
+  ASSERT_TRUE(FileSetDate(source, time));
+  h.Action.SetTargetIsDir(true);
+
+  EXPECT_TRUE(Run(shm.Path + "/*.txt", dir.Path()));
+  EXPECT_EQ((Lines{"Moving files : " + shm.Path + "/*.txt -> " + dir.Path(), "1 Files Moved."}), h.Host.Lines);
+  EXPECT_FALSE(fs::exists(source));
+  EXPECT_EQ("data", ReadFile(dir / "a.txt"));
+  TDateTime moved = 0;
+  EXPECT_TRUE(FileGetDate(dir / "a.txt", moved));
+  EXPECT_NEAR(time, moved, 1e-3 / 86400);  // to the millisecond
+}
+
+// A spec without directory part is read in the working directory, and so is
+// its recursion.
+TEST_F(CopyFilesTest, BareSpecMeansTheWorkingDirectory) {
+  dir.WriteFile("a.txt", "a");
+  dir.WriteFile("s/b.txt", "b");
+  TempDir out;
+  test::CurrentDirScope cwd(dir.Path());
+  h.Action.SetRecurse(true);
+  h.Action.SetTargetIsDir(true);
+  h.Action.SetForceDir(true);
+  EXPECT_TRUE(Run("*.txt", out.Path()));
+  EXPECT_EQ("2 Files Copied.", h.Host.Lines.back());
+  EXPECT_EQ("a", ReadFile(out / "a.txt"));
+  EXPECT_EQ("b", ReadFile(out / "s/b.txt"));
 }
 
 }  // namespace

@@ -4,36 +4,27 @@
 
 #include <filesystem>
 
-#include "support/recordinghost.h"
-#include "support/tempdir.h"
+#include "support/actiontest.h"
 
 namespace jx {
 namespace {
 
 namespace fs = std::filesystem;
-using test::Hosted;
-using test::RecordingValidation;
-using test::TempDir;
 using Lines = std::vector<std::string>;
 
-class MoveDirectoryTest : public ::testing::Test {
+class MoveDirectoryTest : public test::ActionTest<TJXMoveDirectoryAction> {
  protected:
   bool Run(const std::string& from, const std::string& to) {
-    h.Action.SetDirectory(from);
-    h.Action.SetDestinationDirectory(to);
-    return h.Action.Execute();
+    host.Lines.clear();
+    action.SetDirectory(from);
+    action.SetDestinationDirectory(to);
+    return action.Execute();
   }
-
-  TempDir dir;
-  Hosted<TJXMoveDirectoryAction> h;
 };
 
-TEST_F(MoveDirectoryTest, StaticDescriptionsAndBothRulesChecked) {
-  EXPECT_EQ("Move Directory", h.Action.GetActionName());
-  EXPECT_EQ("Plugins\\MoveDirectory.html", h.Action.GetQuickHelpFilename());
-  EXPECT_EQ(3110, h.Action.GetHelpTopicID());
-  RecordingValidation errors;
-  EXPECT_FALSE(h.Action.Validate(errors));
+TEST_F(MoveDirectoryTest, BothRulesAreChecked) {
+  test::RecordingValidation errors;
+  EXPECT_FALSE(action.Validate(errors));
   EXPECT_EQ((Lines{"Source directory: A source directory has not been specified",
                    "Destination directory: A destination directory has not been specified"}),
             errors.Errors);
@@ -41,9 +32,9 @@ TEST_F(MoveDirectoryTest, StaticDescriptionsAndBothRulesChecked) {
 
 TEST_F(MoveDirectoryTest, MovesTheDirectoryWithItsContents) {
   dir.WriteFile("src/sub/a.txt", "A");
-  h.Host.Variables["D"] = dir.Path();
+  host.Variables["D"] = dir.Path();
   EXPECT_TRUE(Run("%D%/src", "%D%/dst"));
-  EXPECT_EQ((Lines{"Directory : " + (dir / "src") + " - moved to : " + (dir / "dst")}), h.Host.Lines);
+  EXPECT_EQ((Lines{"Directory : " + (dir / "src") + " - moved to : " + (dir / "dst")}), host.Lines);
   EXPECT_FALSE(fs::exists(dir / "src"));
   EXPECT_EQ("A", test::ReadFile(dir / "dst/sub/a.txt"));
 }
@@ -53,15 +44,29 @@ TEST_F(MoveDirectoryTest, ExistingDestinationFailsWithTwoLines) {
   dir.MakeDir("dst");
   EXPECT_FALSE(Run(dir / "src", dir / "dst"));
   EXPECT_EQ((Lines{"Error moving Directory : " + (dir / "src") + " - to : " + (dir / "dst"), "Error : File exists"}),
-            h.Host.Lines);
+            host.Lines);
   EXPECT_TRUE(fs::exists(dir / "src/a.txt"));
 }
 
-TEST_F(MoveDirectoryTest, ExpansionFailureIsReportedByTheHost) {
-  dir.MakeDir("src");
-  EXPECT_FALSE(Run(dir / "src", "%MISSING%"));
-  EXPECT_EQ((Lines{"Unable to expand DestinationDirectory : Variable \"MISSING\" is not defined"}), h.Host.Lines);
-  EXPECT_TRUE(fs::exists(dir / "src"));
+// Either path failing to expand, or expanding to nothing, ends the action
+// with the host's one line; nothing moves.
+TEST_F(MoveDirectoryTest, ExpansionFailuresAreReportedByTheHost) {
+  const std::string src = dir.MakeDir("src");
+  host.Variables["EMPTY"] = std::string();
+  struct Row {
+    std::string From, To, Line;
+  };
+  const Row rows[] = {
+      {"%MISSING%", dir / "dst", "Unable to expand Directory : Variable \"MISSING\" is not defined"},
+      {"%EMPTY%", dir / "dst", "Unable to expand Directory : the expanded text is empty"},
+      {src, "%EMPTY%", "Unable to expand DestinationDirectory : the expanded text is empty"},
+  };
+  for (const Row& row : rows) {
+    EXPECT_FALSE(Run(row.From, row.To));
+    EXPECT_EQ(Lines{row.Line}, host.Lines);
+  }
+  EXPECT_TRUE(fs::is_directory(src));
+  EXPECT_FALSE(fs::exists(dir / "dst"));
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "platform/filetime.h"
 #include "platform/localeinfo.h"
 #include "rtl/formatdatetime.h"
+#include "support/actiontest.h"
 #include "support/recordinghost.h"
 #include "support/tempdir.h"
 
@@ -201,6 +202,20 @@ TEST_F(TouchFilesTest, FailureAboveASucceedingSubdirectoryEndsInSuccess) {
   EXPECT_TRUE(Run(dir / "*.pipe"));
   EXPECT_EQ((Lines{"Error touching File : " + (dir / "a.pipe"), "Processed : 1 File(s)"}), h.Host.Lines);
   EXPECT_EQ("2020-01-02T03:04:04", TimeOf(below));
+}
+
+// A spec without directory part is read in the working directory, and so is
+// its recursion; neither looks at the root.
+TEST_F(TouchFilesTest, BareSpecMeansTheWorkingDirectory) {
+  OldFile("a.txt");
+  const std::string deep = OldFile("sub/b.txt");
+  test::CurrentDirScope cwd(dir.Path());
+  EXPECT_TRUE(Run("a.txt"));
+  ASSERT_EQ((Lines{"Processed : 1 File(s)"}), h.Host.Lines);  // else the recursion might walk the root
+  h.Action.SetRecurse(true);
+  EXPECT_TRUE(Run("*.txt"));
+  EXPECT_EQ("Processed : 2 File(s)", h.Host.Lines.back());
+  EXPECT_EQ("2020-01-02T03:04:04", TimeOf(deep));
 }
 
 }  // namespace
