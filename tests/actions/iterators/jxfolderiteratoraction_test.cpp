@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "support/looprunner.h"
 #include "support/recordinghost.h"
@@ -58,16 +59,25 @@ TEST_F(FolderIteratorTest, BareNamesWithoutThePath) {
   EXPECT_EQ((Lines{"a", "b"}), seen);
 }
 
-// The host reports the expansion; the children still run once, with the
-// variable as it was, and the loop ends.
+// The host reports a folder that does not expand, or expands to nothing (which
+// would otherwise list the root); nothing is searched, and the children still
+// run once, with the variable as it was, before the loop ends.
 TEST_F(FolderIteratorTest, AFolderThatDoesNotExpandGivesOnePassWithoutSearching) {
-  h.Host.Variables["DIR"] = std::string("before");
-  h.Action.SetStartingFolder("%MISSING%");
-  const test::LoopRun run = Run();
-  EXPECT_TRUE(run.Result);
-  EXPECT_EQ((std::vector<int>{1, 3}), run.Answers);
-  EXPECT_EQ((Lines{"before"}), seen);
-  EXPECT_EQ((Lines{"Unable to expand Starting Folder : Variable \"MISSING\" is not defined"}), h.Host.Lines);
+  h.Host.Variables["EMPTY"] = std::string();
+  const std::pair<const char*, const char*> rows[] = {
+      {"%MISSING%", "Unable to expand Starting Folder : Variable \"MISSING\" is not defined"},
+      {"%EMPTY%", "Unable to expand Starting Folder : the expanded text is empty"}};
+  for (const auto& [folder, message] : rows) {
+    h.Host.Variables["DIR"] = std::string("before");
+    h.Host.Lines.clear();
+    seen.clear();
+    h.Action.SetStartingFolder(folder);
+    const test::LoopRun run = Run();
+    EXPECT_TRUE(run.Result);
+    EXPECT_EQ((std::vector<int>{1, 3}), run.Answers);
+    EXPECT_EQ((Lines{"before"}), seen);
+    EXPECT_EQ((Lines{message}), h.Host.Lines);
+  }
 }
 
 TEST_F(FolderIteratorTest, ValidationAndTheVariableName) {
