@@ -10,11 +10,6 @@
 
 namespace jx {
 
-TCustomFileIterator::TCustomFileIterator() {
-  FRecurse = false;
-  FIncludeFilePath = true;
-}
-
 void TCustomFileIterator::SetVariableName(const std::string& value) {
   if (value != FVariableName) FVariableName = value;
 }
@@ -56,74 +51,55 @@ void TCustomFileIterator::GetHiddenProperties(TStrings& list) const {
   list.Add("FileCount");
 }
 
-void TCustomFileIterator::ResetBuildStatus() {
-  TWhileAction::ResetBuildStatus();
-  Reset();
+std::string TCustomFileIterator::MissingVariableMessage() const {
+  return FVariableName.empty() ? "Variable Name not set" : "";
 }
 
-void TCustomFileIterator::Reset() { FState.Reset(); }
-
-void TCustomFileIterator::GetNextActionSource(int state, int& next) { FState.NextActionSource(state, next); }
-
-// Runs before every pass: the first pass of a loop searches, each pass sets
-// the variable to its file.
-bool TCustomFileIterator::Execute() {
-  if (FVariableName.empty()) {
-    SendMessage("Variable Name not set");
-    return false;
-  }
-  const bool result = TWhileAction::Execute();
-  if (!result) return false;
-  if (!FState.Populated && !Populate()) return false;
-  if (FState.HasCurrent() && !FState.StoreCurrent(*this, FVariableName)) return false;
-  return result;
-}
-
-bool TCustomFileIterator::Populate() {
+TIteratorAction::TListResult TCustomFileIterator::BuildList(TStrings& items) {
   std::string spec;
   try {
     spec = ExpandExpression(FFileSpec, true);
   } catch (const std::exception& e) {
     SendMessage("Error Setting File Spec");
     SendMessage(std::string("--> ") + e.what());
-    return false;
+    return TListResult::Failed;
   }
   SendMessage("Searching for Files...");
-  FState.Items.Clear();
   try {
-    PopulateFileList(spec);
+    PopulateFileList(spec, items);
   } catch (const std::exception& e) {
     SendMessage(std::string("Error while searching for files : ") + e.what());
-    return false;
+    return TListResult::Failed;
   }
-  SendMessage("Found " + IntToStr(FState.Items.Count()) + " Files.");
-  SendMessage(FState.Items.GetText());
-  FState.MarkPopulated();
-  return true;
+  SendMessage("Found " + IntToStr(items.Count()) + " Files.");
+  SendMessage(items.GetText());
+  return TListResult::Built;
 }
+
+void TCustomFileIterator::StoreItem(const std::string& item) { SetVariable(FVariableName, Variant(item)); }
 
 // The files of the file spec's directory in the order the file system
 // gives them, then, depth first, those of each subdirectory.
-void TCustomFileIterator::PopulateFileList(const std::string& spec) {
+void TCustomFileIterator::PopulateFileList(const std::string& spec, TStrings& list) {
   if (FRecurse) {
-    AddFilesOfTree(spec);
+    AddFilesOfTree(spec, list);
   } else {
-    AddMatchingFiles(spec);
+    AddMatchingFiles(spec, list);
   }
 }
 
-void TCustomFileIterator::AddFile(const std::string& dir, const std::string& name) {
-  FState.Items.Add(FIncludeFilePath ? dir + name : name);
+void TCustomFileIterator::AddFile(const std::string& dir, const std::string& name, TStrings& list) {
+  list.Add(FIncludeFilePath ? dir + name : name);
 }
 
 // Normal, read-only and archive files; hidden and system files, directories
 // and volume labels stay out.
-void TCustomFileIterator::AddMatchingFiles(const std::string& spec) {
+void TCustomFileIterator::AddMatchingFiles(const std::string& spec, TStrings& list) {
   const std::string dir = ExtractFilePath(spec);
   TSearchRec rec;
   if (FindFirst(spec, faReadOnly | faArchive, rec, TFindDetail::Kind) != 0) return;
   do {
-    AddFile(dir, rec.Name);
+    AddFile(dir, rec.Name, list);
   } while (FindNext(rec) == 0);
   FindClose(rec);
 }
@@ -132,7 +108,7 @@ void TCustomFileIterator::AddMatchingFiles(const std::string& spec) {
 // alike: examining an entry's attributes is what a search costs, and a search
 // for the files followed by one for the subdirectories would examine every
 // file twice. Hidden and system directories are not entered.
-void TCustomFileIterator::AddFilesOfTree(const std::string& spec) {
+void TCustomFileIterator::AddFilesOfTree(const std::string& spec, TStrings& list) {
   const std::string dir = ExtractFilePath(spec);
   const std::string mask = ExtractFileName(spec);
   std::vector<std::string> subdirs;
@@ -140,7 +116,7 @@ void TCustomFileIterator::AddFilesOfTree(const std::string& spec) {
   if (FindFirst(dir + "*.*", faDirectory | faReadOnly | faArchive, rec, TFindDetail::Kind) == 0) {
     do {
       if (!(rec.Attr & faDirectory)) {
-        if (MatchesMask(rec.Name, mask)) AddFile(dir, rec.Name);
+        if (MatchesMask(rec.Name, mask)) AddFile(dir, rec.Name, list);
       } else if (rec.Name != "." && rec.Name != "..") {
         subdirs.push_back(rec.Name);
       }
@@ -149,7 +125,7 @@ void TCustomFileIterator::AddFilesOfTree(const std::string& spec) {
   }
   for (const std::string& name : subdirs) {
     if (!FRecurse) break;
-    AddFilesOfTree(dir + name + PathDelim + mask);
+    AddFilesOfTree(dir + name + PathDelim + mask, list);
   }
 }
 
@@ -161,9 +137,9 @@ const TJXClassInfo& TFileIterator::ClassInfo() {
                            .WideString("FileSpec", &C::FileSpec, &C::SetFileSpec)
                            .Boolean("Recurse", &C::Recurse, &C::SetRecurse)
                            .Boolean("IncludeFilePath", &C::IncludeFilePath, &C::SetIncludeFilePath)
-                           .IntegerResult("FileCount", &C::FileCount)
+                           .IntegerResult("FileCount", &C::ItemCount)
                            .NotStored()
-                           .IntegerResult("FileIndex", &C::FileIndex)
+                           .IntegerResult("FileIndex", &C::ItemIndex)
                            .NotStored()
                            .Build());
   return info;

@@ -23,7 +23,7 @@ class ObservedFileIterator : public TFileIterator {
  public:
   bool Execute() override {
     const bool result = TFileIterator::Execute();
-    IndexInExecute.push_back(FileIndex());
+    IndexInExecute.push_back(ItemIndex());
     return result;
   }
   std::vector<int> IndexInExecute;
@@ -40,7 +40,7 @@ class FileIteratorTest : public ::testing::Test {
     it.SetFileSpec(spec);
     return RunLoop(it, [&] {
       seen.push_back(host.Variables["FILE"].ToString());
-      index_in_children.push_back(it.FileIndex());
+      index_in_children.push_back(it.ItemIndex());
     });
   }
   static std::string ListText(const Lines& names) {
@@ -72,7 +72,7 @@ TEST_F(FileIteratorTest, ThreeFilesRunTheChildrenThreeTimes) {
   Lines sorted = seen;
   std::sort(sorted.begin(), sorted.end());
   EXPECT_EQ((Lines{dir / "a.txt", dir / "b.txt", dir / "c.txt"}), sorted);
-  EXPECT_EQ(0, it.FileCount());  // the end of the loop resets it
+  EXPECT_EQ(0, it.ItemCount());  // the end of the loop resets it
 }
 
 TEST_F(FileIteratorTest, NoFileLeavesAtOnceAndKeepsTheVariable) {
@@ -166,7 +166,7 @@ TEST_F(FileIteratorTest, StopSignalEndsTheLoopBetweenPasses) {
   // A new build starts afresh.
   host.Stop = false;
   it.ResetBuildStatus();
-  EXPECT_EQ(0, it.FileCount());
+  EXPECT_EQ(0, it.ItemCount());
 }
 
 TEST_F(FileIteratorTest, ExpansionErrorIsLogged) {

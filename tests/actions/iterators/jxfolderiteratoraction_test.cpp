@@ -28,7 +28,7 @@ class FolderIteratorTest : public ::testing::Test {
   test::LoopRun Run() {
     return RunLoop(h.Action, [&] {
       seen.push_back(h.Host.Variables["DIR"].ToString());
-      index_in_children.push_back(h.Action.FolderIndex());
+      index_in_children.push_back(h.Action.ItemIndex());
     });
   }
 
