@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/attributes.h"
+#include "platform/fileidentity.h"
 #include "platform/findfile.h"
 #include "rtl/paths.h"
 #include "rtl/strutils.h"
@@ -82,7 +83,8 @@ void TCustomFileIterator::StoreItem(const std::string& item) { SetVariable(FVari
 // gives them, then, depth first, those of each subdirectory.
 void TCustomFileIterator::PopulateFileList(const std::string& spec, TStrings& list) {
   if (FRecurse) {
-    AddFilesOfTree(spec, list);
+    TWalkPath walk;
+    AddFilesOfTree(spec, walk, list);
   } else {
     AddMatchingFiles(spec, list);
   }
@@ -96,36 +98,35 @@ void TCustomFileIterator::AddFile(const std::string& dir, const std::string& nam
 // and volume labels stay out.
 void TCustomFileIterator::AddMatchingFiles(const std::string& spec, TStrings& list) {
   const std::string dir = ExtractFilePath(spec);
-  TSearchRec rec;
-  if (FindFirst(spec, faReadOnly | faArchive, rec, TFindDetail::Kind) != 0) return;
-  do {
-    AddFile(dir, rec.Name, list);
-  } while (FindNext(rec) == 0);
-  FindClose(rec);
+  TFindMatches matches(spec, faReadOnly | faArchive, TFindDetail::Kind);
+  for (const TSearchRec& rec : matches) AddFile(dir, rec.Name, list);
+  RaiseSearchError(matches);
 }
 
-// Each directory is read once, for its matching files and its subdirectories
-// alike: examining an entry's attributes is what a search costs, and a search
-// for the files followed by one for the subdirectories would examine every
-// file twice. Hidden and system directories are not entered.
-void TCustomFileIterator::AddFilesOfTree(const std::string& spec, TStrings& list) {
+// One search per directory yields its matching files and every subdirectory,
+// so a directory is read once, and only names that match and directories are
+// examined further. Hidden and system directories are not entered, and
+// neither is a directory the walk already stands in (a link leading back up).
+void TCustomFileIterator::AddFilesOfTree(const std::string& spec, TWalkPath& walk, TStrings& list) {
   const std::string dir = ExtractFilePath(spec);
-  const std::string mask = ExtractFileName(spec);
+  const TWalkStep step(walk, dir);
+  if (!step.Entered()) return;
   std::vector<std::string> subdirs;
-  TSearchRec rec;
-  if (FindFirst(dir + "*.*", faDirectory | faReadOnly | faArchive, rec, TFindDetail::Kind) == 0) {
-    do {
-      if (!(rec.Attr & faDirectory)) {
-        if (MatchesMask(rec.Name, mask)) AddFile(dir, rec.Name, list);
-      } else if (rec.Name != "." && rec.Name != "..") {
+  {
+    TFindMatches matches(spec, faDirectory | faReadOnly | faArchive, TFindDetail::Kind, TFindDirs::AnyName);
+    for (const TSearchRec& rec : matches) {
+      if (rec.Attr & faDirectory) {
         subdirs.push_back(rec.Name);
+      } else {
+        AddFile(dir, rec.Name, list);
       }
-    } while (FindNext(rec) == 0);
-    FindClose(rec);
+    }
+    RaiseSearchError(matches);
   }
+  const std::string mask = ExtractFileName(spec);
   for (const std::string& name : subdirs) {
     if (!FRecurse) break;
-    AddFilesOfTree(dir + name + PathDelim + mask, list);
+    AddFilesOfTree(dir + name + PathDelim + mask, walk, list);
   }
 }
 

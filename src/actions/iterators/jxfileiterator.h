@@ -9,6 +9,8 @@
 
 namespace jx {
 
+class TWalkPath;
+
 class TCustomFileIterator : public TIteratorAction {
  public:
   TCustomFileIterator() : TIteratorAction(TStoreFailure::TwoLinesAndFailed) {}
@@ -44,7 +46,7 @@ class TCustomFileIterator : public TIteratorAction {
 
  private:
   void AddMatchingFiles(const std::string& spec, TStrings& list);
-  void AddFilesOfTree(const std::string& spec, TStrings& list);
+  void AddFilesOfTree(const std::string& spec, TWalkPath& walk, TStrings& list);
   void AddFile(const std::string& dir, const std::string& name, TStrings& list);
 };
 

@@ -1,8 +1,10 @@
 #include "actions/iterators/jxfolderiteratoraction.h"
 
 #include <exception>
+#include <vector>
 
 #include "platform/attributes.h"
+#include "platform/fileidentity.h"
 #include "platform/findfile.h"
 #include "rtl/paths.h"
 #include "rtl/strutils.h"
@@ -62,19 +64,31 @@ TIteratorAction::TListResult TCustomFolderIterator::BuildList(TStrings& items) {
 
 void TCustomFolderIterator::StoreItem(const std::string& item) { SetVariable(FVariableName, Variant(item)); }
 
-// Each folder is followed at once by the folders below it (with Recurse),
-// before its next sibling. Hidden and system folders are not listed.
 void TCustomFolderIterator::PopulateFolderList(const std::string& folder, TStrings& list) {
+  TWalkPath walk;
+  AddFolders(folder, walk, list);
+}
+
+// Each folder is followed at once by the folders below it (with Recurse),
+// before its next sibling. Hidden and system folders are not listed; a folder
+// the walk already stands in (a link leading back up) is listed but not
+// entered again.
+void TCustomFolderIterator::AddFolders(const std::string& folder, TWalkPath& walk, TStrings& list) {
   const std::string base = IncludeTrailingPathDelimiter(folder);
-  TSearchRec rec;
-  if (FindFirst(base + "*.*", faDirectory, rec, TFindDetail::Kind) != 0) return;
-  do {
-    if ((rec.Attr & faDirectory) && rec.Name != "." && rec.Name != "..") {
-      list.Add(FIncludeFolderPath ? base + rec.Name : rec.Name);
-      if (FRecurse) PopulateFolderList(base + rec.Name + PathDelim, list);
+  const TWalkStep step(walk, base);
+  if (!step.Entered()) return;
+  std::vector<std::string> names;
+  {
+    TFindMatches matches(base + "*.*", faDirectory, TFindDetail::Kind);
+    for (const TSearchRec& rec : matches) {
+      if (rec.Attr & faDirectory) names.push_back(rec.Name);
     }
-  } while (FindNext(rec) == 0);
-  FindClose(rec);
+    RaiseSearchError(matches);
+  }
+  for (const std::string& name : names) {
+    list.Add(FIncludeFolderPath ? base + name : name);
+    if (FRecurse) AddFolders(base + name + PathDelim, walk, list);
+  }
 }
 
 const TJXClassInfo& TFolderIterator::ClassInfo() {

@@ -9,6 +9,8 @@
 
 namespace jx {
 
+class TWalkPath;
+
 class TCustomFolderIterator : public TIteratorAction {
  public:
   TCustomFolderIterator() : TIteratorAction(TStoreFailure::TwoLinesAndFailed) {}
@@ -41,6 +43,9 @@ class TCustomFolderIterator : public TIteratorAction {
   std::string FStartingFolder;
   bool FRecurse = false;
   bool FIncludeFolderPath = true;
+
+ private:
+  void AddFolders(const std::string& folder, TWalkPath& walk, TStrings& list);
 };
 
 class TFolderIterator : public TCustomFolderIterator {

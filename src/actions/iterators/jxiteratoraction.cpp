@@ -2,6 +2,10 @@
 
 #include <exception>
 
+#include "platform/findfile.h"
+#include "platform/lasterror.h"
+#include "rtl/sysutils.h"
+
 
 namespace jx {
 
@@ -74,6 +78,12 @@ void TIteratorAction::GetNextActionSource(int state, int& next) {
       next = naRepeat;
     }
   }
+}
+
+void TIteratorAction::RaiseSearchError(const TFindMatches& matches) {
+  if (matches.Error() == 0) return;
+  const auto code = static_cast<uint32_t>(matches.Error());
+  throw EOSError(code, SysErrorMessage(code));
 }
 
 }  // namespace jx

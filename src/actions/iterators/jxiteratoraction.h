@@ -13,6 +13,8 @@
 
 namespace jx {
 
+class TFindMatches;
+
 class TIteratorAction : public TWhileAction {
  public:
   bool Execute() override;
@@ -50,6 +52,10 @@ class TIteratorAction : public TWhileAction {
 
   // Hands `item` to the iterator's variables; may raise.
   virtual void StoreItem(const std::string& item) = 0;
+
+  // Raises the OS error that ended a search early (an unreadable directory,
+  // a link that loops), so the list is not built from part of a tree.
+  static void RaiseSearchError(const TFindMatches& matches);
 
  private:
   bool StoreCurrent();

@@ -191,5 +191,34 @@ TEST_F(FileIteratorTest, AVariableThatCannotBeSetFailsTheAction) {
             Lines(refusing.Lines.end() - 2, refusing.Lines.end()));
 }
 
+// A link back up the tree is followed, but a directory the walk already
+// stands in is not entered again.
+TEST_F(FileIteratorTest, ALinkBackUpTheTreeIsNotWalkedAgain) {
+  dir.WriteFile("top.c");
+  dir.WriteFile("a/x.c");
+  std::filesystem::create_directory_symlink("..", dir / "a/back");
+  it.SetRecurse(true);
+  EXPECT_TRUE(Run(dir / "*.c").Result);
+  EXPECT_EQ((Lines{dir / "top.c", dir / "a/x.c"}), seen);
+}
+
+// A directory that cannot be read fails the search, with the system's reason.
+TEST_F(FileIteratorTest, ADirectoryThatCannotBeReadFailsTheSearch) {
+  std::filesystem::create_directory_symlink("self", dir / "self");
+  std::vector<std::pair<std::string, std::string>> rows = {{"self", "Too many levels of symbolic links"}};
+  dir.MakeDir("locked");
+  std::filesystem::permissions(dir / "locked", std::filesystem::perms::none);
+  std::error_code denied;
+  std::filesystem::directory_iterator(dir / "locked", denied);
+  if (denied) rows.emplace_back("locked", "Permission denied");  // not when root runs the tests
+  for (const auto& [name, reason] : rows) {
+    host.Lines.clear();
+    it.SetFileSpec(dir / name + "/*.txt");
+    EXPECT_FALSE(it.Execute());
+    EXPECT_EQ((Lines{"Searching for Files...", "Error while searching for files : " + reason}), host.Lines);
+  }
+  std::filesystem::permissions(dir / "locked", std::filesystem::perms::owner_all);
+}
+
 }  // namespace
 }  // namespace jx

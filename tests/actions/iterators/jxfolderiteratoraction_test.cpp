@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <utility>
 
 #include "support/looprunner.h"
@@ -104,6 +105,24 @@ TEST_F(FolderIteratorTest, CoupledOptionsAndHiddenResults) {
   TStringList hidden;
   a.GetHiddenProperties(hidden);
   EXPECT_EQ((Lines{"FolderIndex", "FolderCount"}), hidden.Lines());
+}
+
+// A link back up the tree is listed, but not walked again.
+TEST_F(FolderIteratorTest, ALinkBackUpTheTreeIsNotWalkedAgain) {
+  std::filesystem::create_directory_symlink("../..", dir / "a/a1/up");
+  h.Action.SetRecurse(true);
+  EXPECT_TRUE(Run().Result);
+  const Lines a_first = {dir / "a", dir / "a/a1", dir / "a/a1/up", dir / "b"};
+  const Lines b_first = {dir / "b", dir / "a", dir / "a/a1", dir / "a/a1/up"};
+  EXPECT_TRUE(seen == a_first || seen == b_first) << seen.size();
+}
+
+TEST_F(FolderIteratorTest, AFolderThatCannotBeReadFailsTheSearch) {
+  std::filesystem::create_directory_symlink("self", dir / "self");
+  h.Action.SetStartingFolder(dir / "self");
+  EXPECT_FALSE(h.Action.Execute());
+  EXPECT_EQ((Lines{"Searching for Folders...", "Error while searching for folders : Too many levels of symbolic links"}),
+            h.Host.Lines);
 }
 
 }  // namespace
