@@ -11,14 +11,6 @@
 
 namespace jx {
 
-void TCustomFileIterator::SetVariableName(const std::string& value) {
-  if (value != FVariableName) FVariableName = value;
-}
-
-void TCustomFileIterator::SetFileSpec(const std::string& value) {
-  if (value != FFileSpec) FFileSpec = value;
-}
-
 // A recursive search needs the directory of each file, and a bare name
 // cannot say where it was found: the two options are kept consistent.
 void TCustomFileIterator::SetRecurse(bool value) {
@@ -39,7 +31,7 @@ int TCustomFileIterator::GetHelpTopicID() const { return 950; }
 
 // An empty VariableName is reported at run time, not here.
 bool TCustomFileIterator::Validate(IJXActionValidationError& errors) {
-  if (FFileSpec.empty()) {
+  if (FileSpec.empty()) {
     errors.AddError("File Spec", "File Spec has not been set");
     return false;
   }
@@ -53,13 +45,13 @@ void TCustomFileIterator::GetHiddenProperties(TStrings& list) const {
 }
 
 std::string TCustomFileIterator::MissingVariableMessage() const {
-  return FVariableName.empty() ? "Variable Name not set" : "";
+  return VariableName.empty() ? "Variable Name not set" : "";
 }
 
 TIteratorAction::TListResult TCustomFileIterator::BuildList(TStrings& items) {
   std::string spec;
   try {
-    spec = ExpandExpression(FFileSpec, true);
+    spec = ExpandExpression(FileSpec, true);
   } catch (const std::exception& e) {
     SendMessage("Error Setting File Spec");
     SendMessage(std::string("--> ") + e.what());
@@ -77,7 +69,7 @@ TIteratorAction::TListResult TCustomFileIterator::BuildList(TStrings& items) {
   return TListResult::Built;
 }
 
-void TCustomFileIterator::StoreItem(const std::string& item) { SetVariable(FVariableName, Variant(item)); }
+void TCustomFileIterator::StoreItem(const std::string& item) { SetVariable(VariableName, Variant(item)); }
 
 // The files of the file spec's directory in the order the file system
 // gives them, then, depth first, those of each subdirectory.
@@ -134,8 +126,8 @@ const TJXClassInfo& TFileIterator::ClassInfo() {
   using C = TFileIterator;
   static const TJXClassInfo info = MakeClassInfo<C>(
       "TFileIterator", TPublished<C>()
-                           .WideString("VariableName", &C::VariableName, &C::SetVariableName)
-                           .WideString("FileSpec", &C::FileSpec, &C::SetFileSpec)
+                           .WideString("VariableName", &C::VariableName)
+                           .WideString("FileSpec", &C::FileSpec)
                            .Boolean("Recurse", &C::Recurse, &C::SetRecurse)
                            .Boolean("IncludeFilePath", &C::IncludeFilePath, &C::SetIncludeFilePath)
                            .IntegerResult("FileCount", &C::ItemCount)

@@ -25,10 +25,8 @@ class TCustomFileIterator : public TIteratorAction {
   // subdirectories).
   void PopulateFileList(const std::string& spec, TStrings& list);
 
-  const std::string& VariableName() const { return FVariableName; }
-  void SetVariableName(const std::string& value);
-  const std::string& FileSpec() const { return FFileSpec; }
-  void SetFileSpec(const std::string& value);
+  std::string VariableName;  // receives each file
+  std::string FileSpec;      // a path whose name part may hold wildcards; expanded once per loop
   bool Recurse() const { return FRecurse; }
   void SetRecurse(bool value);                // true also sets IncludeFilePath
   bool IncludeFilePath() const { return FIncludeFilePath; }
@@ -39,8 +37,6 @@ class TCustomFileIterator : public TIteratorAction {
   TListResult BuildList(TStrings& items) override;
   void StoreItem(const std::string& item) override;
 
-  std::string FVariableName;
-  std::string FFileSpec;
   bool FRecurse = false;
   bool FIncludeFilePath = true;
 

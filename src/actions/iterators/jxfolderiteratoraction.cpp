@@ -30,7 +30,7 @@ std::string TCustomFolderIterator::GetQuickHelpFilename() const { return "Plugin
 int TCustomFolderIterator::GetHelpTopicID() const { return 3210; }
 
 bool TCustomFolderIterator::Validate(IJXActionValidationError& errors) {
-  if (FStartingFolder.empty()) {
+  if (StartingFolder.empty()) {
     errors.AddError("Starting Folder", "A starting folder has not been set");
     return false;
   }
@@ -44,12 +44,12 @@ void TCustomFolderIterator::GetHiddenProperties(TStrings& list) const {
 }
 
 std::string TCustomFolderIterator::MissingVariableMessage() const {
-  return FVariableName.empty() ? "Variable Name not set" : "";
+  return VariableName.empty() ? "Variable Name not set" : "";
 }
 
 TIteratorAction::TListResult TCustomFolderIterator::BuildList(TStrings& items) {
   std::string folder;
-  if (!TryExpandExpression("Starting Folder", FStartingFolder, folder, true)) return TListResult::SkipPass;
+  if (!TryExpandExpression("Starting Folder", StartingFolder, folder, true)) return TListResult::SkipPass;
   SendMessage("Searching for Folders...");
   try {
     PopulateFolderList(folder, items);
@@ -62,7 +62,7 @@ TIteratorAction::TListResult TCustomFolderIterator::BuildList(TStrings& items) {
   return TListResult::Built;
 }
 
-void TCustomFolderIterator::StoreItem(const std::string& item) { SetVariable(FVariableName, Variant(item)); }
+void TCustomFolderIterator::StoreItem(const std::string& item) { SetVariable(VariableName, Variant(item)); }
 
 void TCustomFolderIterator::PopulateFolderList(const std::string& folder, TStrings& list) {
   TWalkPath walk;
@@ -95,8 +95,8 @@ const TJXClassInfo& TFolderIterator::ClassInfo() {
   using C = TFolderIterator;
   static const TJXClassInfo info = MakeClassInfo<C>(
       "TFolderIterator", TPublished<C>()
-                             .WideString("VariableName", &C::VariableName, &C::SetVariableName)
-                             .WideString("StartingFolder", &C::StartingFolder, &C::SetStartingFolder)
+                             .WideString("VariableName", &C::VariableName)
+                             .WideString("StartingFolder", &C::StartingFolder)
                              .Boolean("Recurse", &C::Recurse, &C::SetRecurse)
                              .Boolean("IncludeFolderPath", &C::IncludeFolderPath, &C::SetIncludeFolderPath)
                              .IntegerResult("FolderCount", &C::ItemCount)

@@ -25,10 +25,8 @@ class TCustomFolderIterator : public TIteratorAction {
   // whole tree with Recurse); `folder` itself is not added.
   void PopulateFolderList(const std::string& folder, TStrings& list);
 
-  const std::string& VariableName() const { return FVariableName; }
-  void SetVariableName(const std::string& value) { FVariableName = value; }
-  const std::string& StartingFolder() const { return FStartingFolder; }
-  void SetStartingFolder(const std::string& value) { FStartingFolder = value; }
+  std::string VariableName;    // receives each folder
+  std::string StartingFolder;  // expanded once per loop
   bool Recurse() const { return FRecurse; }
   void SetRecurse(bool value);            // true also sets IncludeFolderPath
   bool IncludeFolderPath() const { return FIncludeFolderPath; }
@@ -39,8 +37,6 @@ class TCustomFolderIterator : public TIteratorAction {
   TListResult BuildList(TStrings& items) override;
   void StoreItem(const std::string& item) override;
 
-  std::string FVariableName;
-  std::string FStartingFolder;
   bool FRecurse = false;
   bool FIncludeFolderPath = true;
 

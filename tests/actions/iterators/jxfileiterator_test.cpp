@@ -33,11 +33,11 @@ class FileIteratorTest : public ::testing::Test {
  protected:
   FileIteratorTest() {
     it.SetHost(&host);
-    it.SetVariableName("FILE");
+    it.VariableName = "FILE";
   }
   // Runs the loop over `spec`; the children record the variable and FileIndex.
   test::LoopRun Run(const std::string& spec) {
-    it.SetFileSpec(spec);
+    it.FileSpec = spec;
     return RunLoop(it, [&] {
       seen.push_back(host.Variables["FILE"].ToString());
       index_in_children.push_back(it.ItemIndex());
@@ -89,14 +89,14 @@ TEST_F(FileIteratorTest, NoFileLeavesAtOnceAndKeepsTheVariable) {
 }
 
 TEST_F(FileIteratorTest, EmptyVariableNameFailsAtRunTimeOnly) {
-  it.SetVariableName("");
-  it.SetFileSpec(dir / "*");
+  it.VariableName = "";
+  it.FileSpec = dir / "*";
   test::RecordingValidation errors;
   EXPECT_TRUE(it.Validate(errors));
   EXPECT_FALSE(it.Execute());
   EXPECT_EQ((Lines{"Variable Name not set"}), host.Lines);
 
-  it.SetFileSpec("");
+  it.FileSpec = "";
   EXPECT_FALSE(it.Validate(errors));
   EXPECT_EQ((Lines{"File Spec: File Spec has not been set"}), errors.Errors);
 }
@@ -150,7 +150,7 @@ TEST_F(FileIteratorTest, CoupledOptionsAndHiddenResults) {
 // not seen until the next one.
 TEST_F(FileIteratorTest, EachLoopSearchesAgain) {
   dir.WriteFile("1.txt");
-  it.SetFileSpec(dir / "*.txt");
+  it.FileSpec = dir / "*.txt";
   EXPECT_EQ(1, RunLoop(it, [&] { dir.WriteFile("2.txt"); }).ChildPasses);
   EXPECT_EQ(2, RunLoop(it, [] {}).ChildPasses);
   EXPECT_EQ(2, std::count(host.Lines.begin(), host.Lines.end(), "Searching for Files..."));
@@ -158,7 +158,7 @@ TEST_F(FileIteratorTest, EachLoopSearchesAgain) {
 
 TEST_F(FileIteratorTest, StopSignalEndsTheLoopBetweenPasses) {
   for (const char* name : {"1", "2", "3"}) dir.WriteFile(name);
-  it.SetFileSpec(dir / "*");
+  it.FileSpec = dir / "*";
   const test::LoopRun run = RunLoop(it, [&] { host.Stop = true; });
   EXPECT_FALSE(run.Result);
   EXPECT_EQ(1, run.ChildPasses);
@@ -170,7 +170,7 @@ TEST_F(FileIteratorTest, StopSignalEndsTheLoopBetweenPasses) {
 }
 
 TEST_F(FileIteratorTest, ExpansionErrorIsLogged) {
-  it.SetFileSpec("%MISSING%/*.txt");
+  it.FileSpec = "%MISSING%/*.txt";
   EXPECT_FALSE(it.Execute());
   EXPECT_EQ((Lines{"Error Setting File Spec", "--> Variable \"MISSING\" is not defined"}), host.Lines);
 }
@@ -184,7 +184,7 @@ TEST_F(FileIteratorTest, AVariableThatCannotBeSetFailsTheAction) {
   RefusingHost refusing;
   it.SetHost(&refusing);
   dir.WriteFile("x.txt");
-  it.SetFileSpec(dir / "*.txt");
+  it.FileSpec = dir / "*.txt";
   EXPECT_FALSE(it.Execute());
   EXPECT_EQ(TJXActionStatus::asFailed, it.GetActionStatus());
   EXPECT_EQ((Lines{"Error Setting Variable", "--> Variable is read-only"}),
@@ -213,7 +213,7 @@ TEST_F(FileIteratorTest, ADirectoryThatCannotBeReadFailsTheSearch) {
   if (denied) rows.emplace_back("locked", "Permission denied");  // not when root runs the tests
   for (const auto& [name, reason] : rows) {
     host.Lines.clear();
-    it.SetFileSpec(dir / name + "/*.txt");
+    it.FileSpec = dir / name + "/*.txt";
     EXPECT_FALSE(it.Execute());
     EXPECT_EQ((Lines{"Searching for Files...", "Error while searching for files : " + reason}), host.Lines);
   }

@@ -21,8 +21,8 @@ using Lines = std::vector<std::string>;
 class FolderIteratorTest : public ::testing::Test {
  protected:
   FolderIteratorTest() {
-    h.Action.SetVariableName("DIR");
-    h.Action.SetStartingFolder(dir.Path());
+    h.Action.VariableName = "DIR";
+    h.Action.StartingFolder = dir.Path();
     for (const char* name : {"a/a1", "b", ".hidden"}) dir.MakeDir(name);
     dir.WriteFile("file");
   }
@@ -72,7 +72,7 @@ TEST_F(FolderIteratorTest, AFolderThatDoesNotExpandGivesOnePassWithoutSearching)
     h.Host.Variables["DIR"] = std::string("before");
     h.Host.Lines.clear();
     seen.clear();
-    h.Action.SetStartingFolder(folder);
+    h.Action.StartingFolder = folder;
     const test::LoopRun run = Run();
     EXPECT_TRUE(run.Result);
     EXPECT_EQ((std::vector<int>{1, 3}), run.Answers);
@@ -82,13 +82,13 @@ TEST_F(FolderIteratorTest, AFolderThatDoesNotExpandGivesOnePassWithoutSearching)
 }
 
 TEST_F(FolderIteratorTest, ValidationAndTheVariableName) {
-  h.Action.SetVariableName("");
+  h.Action.VariableName = "";
   EXPECT_FALSE(h.Action.Execute());
   EXPECT_EQ((Lines{"Variable Name not set"}), h.Host.Lines);
 
   test::RecordingValidation errors;
   EXPECT_TRUE(h.Action.Validate(errors));
-  h.Action.SetStartingFolder("");
+  h.Action.StartingFolder = "";
   EXPECT_FALSE(h.Action.Validate(errors));
   EXPECT_EQ((Lines{"Starting Folder: A starting folder has not been set"}), errors.Errors);
 }
@@ -119,7 +119,7 @@ TEST_F(FolderIteratorTest, ALinkBackUpTheTreeIsNotWalkedAgain) {
 
 TEST_F(FolderIteratorTest, AFolderThatCannotBeReadFailsTheSearch) {
   std::filesystem::create_directory_symlink("self", dir / "self");
-  h.Action.SetStartingFolder(dir / "self");
+  h.Action.StartingFolder = dir / "self";
   EXPECT_FALSE(h.Action.Execute());
   EXPECT_EQ((Lines{"Searching for Folders...", "Error while searching for folders : Too many levels of symbolic links"}),
             h.Host.Lines);
