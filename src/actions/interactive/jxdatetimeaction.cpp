@@ -34,13 +34,13 @@ std::string TCustomDateTimeAction::GetActionName() const { return "Get DateTime"
 
 bool TCustomDateTimeAction::Execute() {
   std::string variable;
-  if (!ExpandProperty("JX Variable", JXVariable, variable)) return false;
+  if (!ExpandOrLog(JXVariable, variable, {}, "Error Expanding String property (JX Variable) : ")) return false;
   if (Trim(variable).empty()) {
     SendMessage("Variable name must be specified!");
     return false;
   }
   std::string pattern;
-  if (!ExpandProperty("DateFormat", DateFormat, pattern)) return false;
+  if (!ExpandOrLog(DateFormat, pattern, {}, "Error Expanding String property (DateFormat) : ")) return false;
   if (Trim(pattern).empty()) {
     SendMessage("A Date Format must be specified!");
     return false;
@@ -51,32 +51,14 @@ bool TCustomDateTimeAction::Execute() {
   try {
     text = FormatDateTime(pattern, UseNow ? Now() : TheDate, LocaleFormatSettings());
   } catch (const std::exception& e) {
-    SendBlock(std::string("Error formating datetime : ") + e.what());
+    SendStatusLines({std::string("Error formating datetime : ") + e.what()});
     return false;
   }
   // The variable set is the one named as written: the expansion above only
   // decided whether a name was given.
   SetVariable(JXVariable, text);
-  SendBlock("Set Variable \"" + JXVariable + "\" to \"" + text + "\"");
+  SendStatusLines({"Set Variable \"" + JXVariable + "\" to \"" + text + "\""});
   return true;
-}
-
-// Expands `text`; on an error logs a block naming the property and returns false.
-bool TCustomDateTimeAction::ExpandProperty(const std::string& caption, const std::string& text,
-                                           std::string& expanded) {
-  try {
-    expanded = ExpandExpression(text, true);
-    return true;
-  } catch (const std::exception& e) {
-    SendBlock("Error Expanding String property (" + caption + ") : " + e.what());
-    return false;
-  }
-}
-
-void TCustomDateTimeAction::SendBlock(const std::string& line) {
-  IJXActionLogMessagePtr block = CreateStatusMessage();
-  block->GetLines().Add(line);
-  SendStatusMessage(block);
 }
 
 const TJXClassInfo& TDateTimeAction::ClassInfo() {

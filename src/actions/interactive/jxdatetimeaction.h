@@ -24,10 +24,6 @@ class TCustomDateTimeAction : public TJXAction {
   bool UseNow = false;                  // format the moment of the run instead of TheDate
   std::string JXVariable;               // the variable set, named as written
   bool ForceSeparators = false;         // quote the whole pattern first
-
- private:
-  bool ExpandProperty(const std::string& caption, const std::string& text, std::string& expanded);
-  void SendBlock(const std::string& line);
 };
 
 class TDateTimeAction : public TCustomDateTimeAction {
