@@ -27,6 +27,9 @@ namespace {
 
 constexpr const char* kFilesAndDirectories = "Files & Directories";
 
+// The script method "Reset" of every iterator.
+void ResetIterator(TCustomJXAction& action) { dynamic_cast<TIteratorAction&>(action).Reset(); }
+
 // Rows 1-22 of the palette; each action type joins at its place as it is built.
 const std::vector<TCatalogueRow>& RowsBeforeRegistry() {
   static const std::vector<TCatalogueRow> rows = {
@@ -41,9 +44,9 @@ const std::vector<TCatalogueRow>& RowsBeforeRegistry() {
       {&TSetFileAttributesAction::ClassInfo, "Set File Attributes", kFilesAndDirectories, "HSETFILEATTRIB",
        {"TFileAttributeFrame"}, {}},
       {&TFileIterator::ClassInfo, nullptr, "Iterators", "HFILEITERATOR", {"TFileIteratorFrame"},
-       [](TCustomJXAction& a) { dynamic_cast<TCustomFileIterator&>(a).Reset(); }},
+       &ResetIterator},
       {&TFolderIterator::ClassInfo, nullptr, "Iterators", "FOLDERITERATOR", {"TFolderIteratorFrame"},
-       [](TCustomJXAction& a) { dynamic_cast<TCustomFolderIterator&>(a).Reset(); }},
+       &ResetIterator},
       {&TTouchFilesAction::ClassInfo, "Touch File(s)", kFilesAndDirectories, "HTOUCHFILES", {"TTouchFrame"}, {}},
       // The palette's name differs from the action's own "Get DateTime".
       {&TDateTimeAction::ClassInfo, "Get Date/Time", "Misc", "HDATETIME", {"TGetDateTimeFrame"}, {}},

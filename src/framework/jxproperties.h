@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <concepts>
 #include <functional>
 #include <memory>
 #include <string>
@@ -109,10 +110,16 @@ void PropertyValueFromText(std::string_view text, double& value);
 std::string DateTimePropertyToText(TDateTime value);
 TDateTime DateTimePropertyFromText(std::string_view text);
 
-// Builds the property table of class C from its getter/setter members, e.g.
+// A published property bound straight to a data member, for a value that
+// needs no rule when it is set: the table reads and writes the member itself.
+template <class F>
+concept PublishedField = std::is_member_object_pointer_v<F>;
+
+// Builds the property table of class C from its members: a getter and a
+// setter, or the one data member that holds the value, e.g.
 //   TPublished<TDeleteFilesAction>()
 //       .String("FileSpec", &C::FileSpec, &C::SetFileSpec)
-//       .WordBool("FailIfNoFile", &C::FailIfNoFile, &C::SetFailIfNoFile)
+//       .WordBool("DeleteHidden", &C::DeleteHidden)
 template <class C>
 class TPublished {
  public:
@@ -135,6 +142,24 @@ class TPublished {
   template <class G, class S>
   TPublished& Float(const char* name, G get, S set) { return Value<double>(name, TPropertyKind::pkFloat, get, set); }
 
+  // The same, bound to a data member.
+  TPublished& String(const char* name, PublishedField auto field) { return String(name, field, field); }
+  TPublished& WideString(const char* name, PublishedField auto field) { return WideString(name, field, field); }
+  TPublished& Boolean(const char* name, PublishedField auto field) { return Boolean(name, field, field); }
+  TPublished& WordBool(const char* name, PublishedField auto field) { return WordBool(name, field, field); }
+  TPublished& ByteBool(const char* name, PublishedField auto field) { return ByteBool(name, field, field); }
+  TPublished& Integer(const char* name, PublishedField auto field) { return Integer(name, field, field); }
+  TPublished& Cardinal(const char* name, PublishedField auto field) { return Cardinal(name, field, field); }
+  TPublished& Int64(const char* name, PublishedField auto field) { return Int64(name, field, field); }
+  TPublished& Float(const char* name, PublishedField auto field) { return Float(name, field, field); }
+  TPublished& DateTime(const char* name, PublishedField auto field) { return DateTime(name, field, field); }
+  TPublished& Enumeration(const char* name, const TEnumTypeInfo& type, PublishedField auto field) {
+    return Enumeration(name, type, field, field);
+  }
+  TPublished& Set(const char* name, const TEnumTypeInfo& type, PublishedField auto field) {
+    return Set(name, type, field, field);
+  }
+
   // Read-only (run result) variants: no setter.
   template <class G>
   TPublished& IntegerResult(const char* name, G get) {
@@ -154,7 +179,7 @@ class TPublished {
     p.SetText = [set](TQSXMLObject& o, std::string_view t) {
       bool v = false;
       PropertyValueFromText(t, v);
-      (Self(o).*set)(v);
+      Write(o, set, v);
     };
     return Push(std::move(p));
   }
@@ -162,8 +187,8 @@ class TPublished {
   template <class G, class S>
   TPublished& DateTime(const char* name, G get, S set) {
     TPropertyInfo p = Base(name, TPropertyKind::pkDateTime);
-    p.GetText = [get](const TQSXMLObject& o) { return DateTimePropertyToText((Self(o).*get)()); };
-    p.SetText = [set](TQSXMLObject& o, std::string_view t) { (Self(o).*set)(DateTimePropertyFromText(t)); };
+    p.GetText = [get](const TQSXMLObject& o) { return DateTimePropertyToText(Read(o, get)); };
+    p.SetText = [set](TQSXMLObject& o, std::string_view t) { Write(o, set, DateTimePropertyFromText(t)); };
     return Push(std::move(p));
   }
 
@@ -171,10 +196,10 @@ class TPublished {
   TPublished& Enumeration(const char* name, const TEnumTypeInfo& type, G get, S set) {
     TPropertyInfo p = Base(name, TPropertyKind::pkEnumeration);
     p.EnumType = &type;
-    p.GetText = [get, &type](const TQSXMLObject& o) { return type.NameOf(static_cast<int>((Self(o).*get)())); };
+    p.GetText = [get, &type](const TQSXMLObject& o) { return type.NameOf(static_cast<int>(Read(o, get))); };
     p.SetText = [set, &type, name](TQSXMLObject& o, std::string_view t) {
-      using E = std::decay_t<typename SetterArg<S>::type>;
-      (Self(o).*set)(static_cast<E>(EnumOrdinal(type, t, name)));
+      using E = typename ValueOf<S>::type;
+      Write(o, set, static_cast<E>(EnumOrdinal(type, t, name)));
     };
     return Push(std::move(p));
   }
@@ -183,20 +208,21 @@ class TPublished {
   TPublished& Set(const char* name, const TEnumTypeInfo& type, G get, S set) {
     TPropertyInfo p = Base(name, TPropertyKind::pkSet);
     p.EnumType = &type;
-    p.GetText = [get, &type](const TQSXMLObject& o) { return SetToText((Self(o).*get)(), type); };
-    p.SetText = [set, &type](TQSXMLObject& o, std::string_view t) { (Self(o).*set)(ParseSet(t, type)); };
+    p.GetText = [get, &type](const TQSXMLObject& o) { return SetToText(Read(o, get), type); };
+    p.SetText = [set, &type](TQSXMLObject& o, std::string_view t) { Write(o, set, ParseSet(t, type)); };
     return Push(std::move(p));
   }
 
-  // A string list property; `list` returns the live list (TStrings&).
+  // A string list property: a getter of the live list (TStrings&), or the
+  // list member itself.
   template <class L>
   TPublished& StringList(const char* name, L list) {
     TPropertyInfo p = Base(name, TPropertyKind::pkStringList);
-    p.List = [list](TQSXMLObject& o) -> TStrings& { return (Self(o).*list)(); };
+    p.List = [list](TQSXMLObject& o) -> TStrings& { return std::invoke(list, Self(o)); };
     p.GetText = [list](const TQSXMLObject& o) {
-      return (Self(const_cast<TQSXMLObject&>(o)).*list)().GetText();
+      return std::invoke(list, Self(const_cast<TQSXMLObject&>(o))).GetText();
     };
-    p.SetText = [list](TQSXMLObject& o, std::string_view t) { (Self(o).*list)().SetText(t); };
+    p.SetText = [list](TQSXMLObject& o, std::string_view t) { std::invoke(list, Self(o)).SetText(t); };
     return Push(std::move(p));
   }
 
@@ -209,15 +235,35 @@ class TPublished {
   std::vector<TPropertyInfo> Build() { return std::move(props_); }
 
  private:
+  // The type of value a setter takes or a data member holds.
   template <class S>
-  struct SetterArg;
+  struct ValueOf;
   template <class R, class K, class A>
-  struct SetterArg<R (K::*)(A)> {
-    using type = A;
+  struct ValueOf<R (K::*)(A)> {
+    using type = std::decay_t<A>;
+  };
+  template <class F, class K>
+  struct ValueOf<F K::*> {
+    using type = F;
   };
 
   static C& Self(TQSXMLObject& o) { return static_cast<C&>(o); }
   static const C& Self(const TQSXMLObject& o) { return static_cast<const C&>(o); }
+
+  // Through the getter, or straight from the data member.
+  template <class G>
+  static decltype(auto) Read(const TQSXMLObject& o, G get) {
+    return std::invoke(get, Self(o));
+  }
+  // Through the setter, or straight into the data member.
+  template <class S, class V>
+  static void Write(TQSXMLObject& o, S set, V&& value) {
+    if constexpr (std::is_member_object_pointer_v<S>) {
+      Self(o).*set = std::forward<V>(value);
+    } else {
+      (Self(o).*set)(std::forward<V>(value));
+    }
+  }
   static int EnumOrdinal(const TEnumTypeInfo& type, std::string_view text, const char* name);
 
   static TPropertyInfo Base(const char* name, TPropertyKind kind) {
@@ -235,9 +281,9 @@ class TPublished {
   template <class G, class S>
   TPublished& Text(const char* name, TPropertyKind kind, G get, S set) {
     TPropertyInfo p = Base(name, kind);
-    p.GetText = [get](const TQSXMLObject& o) { return std::string((Self(o).*get)()); };
+    p.GetText = [get](const TQSXMLObject& o) { return std::string(Read(o, get)); };
     if (set) {
-      p.SetText = [set](TQSXMLObject& o, std::string_view t) { (Self(o).*set)(std::string(t)); };
+      p.SetText = [set](TQSXMLObject& o, std::string_view t) { Write(o, set, std::string(t)); };
     } else {
       p.ReadOnly = true;
     }
@@ -247,12 +293,12 @@ class TPublished {
   template <class T, class G, class S>
   TPublished& Value(const char* name, TPropertyKind kind, G get, S set) {
     TPropertyInfo p = Base(name, kind);
-    p.GetText = [get](const TQSXMLObject& o) { return PropertyValueToText(static_cast<T>((Self(o).*get)())); };
+    p.GetText = [get](const TQSXMLObject& o) { return PropertyValueToText(static_cast<T>(Read(o, get))); };
     if (set) {
       p.SetText = [set](TQSXMLObject& o, std::string_view t) {
         T v{};
         PropertyValueFromText(t, v);
-        (Self(o).*set)(v);
+        Write(o, set, v);
       };
     } else {
       p.ReadOnly = true;

@@ -260,12 +260,12 @@ TEST_F(RegistrationTest, IteratorsRegisterTheirResetMethod) {
   int next = 0;
   files.GetNextActionSource(nssAfterExecute, next);
   folders.GetNextActionSource(nssAfterExecute, next);
-  ASSERT_EQ(2, files.FileIndex());
-  ASSERT_EQ(2, folders.FolderIndex());
+  ASSERT_EQ(2, files.ItemIndex());
+  ASSERT_EQ(2, folders.ItemIndex());
   services.Methods["TFileIterator.Reset"](files);
   services.Methods["TFolderIterator.Reset"](folders);
-  EXPECT_EQ(1, files.FileIndex());
-  EXPECT_EQ(1, folders.FolderIndex());
+  EXPECT_EQ(1, files.ItemIndex());
+  EXPECT_EQ(1, folders.ItemIndex());
 }
 
 TEST_F(RegistrationTest, WithoutDesignNoEditorsAndNoPages) {

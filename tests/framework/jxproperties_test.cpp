@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "actions/files/bactions2.h"
 #include "framework/jxwhileaction.h"
 #include "rtl/sysutils.h"
@@ -46,6 +48,48 @@ TEST(PropertyTable, DeleteFilesPublishesItsFourProperties) {
   ASSERT_NE(nullptr, action);
   EXPECT_EQ("True", info.FindProperty("FailIfNoFile")->GetText(*action));
   EXPECT_EQ("False", info.FindProperty("DeleteHidden")->GetText(*action));
+}
+
+// A property without a rule of its own is bound straight to its member.
+struct FieldAction : TJXAction {
+  static const TJXClassInfo& ClassInfo() {
+    using C = FieldAction;
+    static const TJXClassInfo info = MakeClassInfo<C>(
+        "TFieldAction", TPublished<C>()
+                            .WideString("Name", &C::Name)
+                            .WordBool("Flag", &C::Flag)
+                            .Enumeration("Colour", kColourInfo, &C::Colour)
+                            .Set("Colours", kColourInfo, &C::Colours)
+                            .DateTime("When", &C::When)
+                            .StringList("Lines", &C::Lines)
+                            .Build());
+    return info;
+  }
+  const TJXClassInfo& GetClassInfo() const override { return ClassInfo(); }
+  std::string Name = "n";
+  bool Flag = true;
+  TColour Colour = clGreen;
+  uint32_t Colours = SetOf({clRed});
+  TDateTime When = 0;
+  TStringList Lines;
+};
+
+TEST(PropertyTable, BindsMembersDirectly) {
+  FieldAction a;
+  const std::vector<std::pair<std::string, std::string>> rows = {
+      {"Name", "x y"}, {"Flag", "False"}, {"Colour", "clBlue"}, {"Colours", "[clGreen,clBlue]"},
+      {"When", "2026-11-15T14:05:09"}, {"Lines", "a\nb\n"}};
+  for (const auto& [name, text] : rows) {
+    const TPropertyInfo& p = *a.GetClassInfo().FindProperty(name);
+    EXPECT_FALSE(p.ReadOnly) << name;
+    p.SetText(a, text);
+    EXPECT_EQ(text, p.GetText(a)) << name;
+  }
+  EXPECT_EQ("x y", a.Name);
+  EXPECT_FALSE(a.Flag);
+  EXPECT_EQ(clBlue, a.Colour);
+  EXPECT_EQ(SetOf({clGreen, clBlue}), a.Colours);
+  EXPECT_EQ(2u, a.Lines.Count());
 }
 
 TEST(PropertyTable, SettersConvertTextAndRejectBadValues) {

@@ -3,19 +3,11 @@
 #include <exception>
 
 #include "framework/jxhostutils.h"
-#include "platform/clock.h"
 #include "platform/localeinfo.h"
 #include "rtl/formatdatetime.h"
 #include "rtl/strutils.h"
 
 namespace jx {
-
-TCustomDateTimeAction::TCustomDateTimeAction() {
-  FDateFormat = "ddmmyyyy";
-  FTheDate = Now();
-  FUseNow = false;
-  FForceSeparators = false;
-}
 
 void TCustomDateTimeAction::GetPropertyHelp(TStrings& list) const {
   TJXAction::GetPropertyHelp(list);
@@ -42,60 +34,42 @@ std::string TCustomDateTimeAction::GetActionName() const { return "Get DateTime"
 
 bool TCustomDateTimeAction::Execute() {
   std::string variable;
-  if (!ExpandProperty("JX Variable", FJXVariable, variable)) return false;
+  if (!ExpandOrLog(JXVariable, variable, {}, "Error Expanding String property (JX Variable) : ")) return false;
   if (Trim(variable).empty()) {
     SendMessage("Variable name must be specified!");
     return false;
   }
   std::string pattern;
-  if (!ExpandProperty("DateFormat", FDateFormat, pattern)) return false;
+  if (!ExpandOrLog(DateFormat, pattern, {}, "Error Expanding String property (DateFormat) : ")) return false;
   if (Trim(pattern).empty()) {
     SendMessage("A Date Format must be specified!");
     return false;
   }
-  if (FForceSeparators) pattern = DoubleQuoteString(pattern, false);
+  if (ForceSeparators) pattern = DoubleQuoteString(pattern, false);
 
   std::string text;
   try {
-    text = FormatDateTime(pattern, FUseNow ? Now() : FTheDate, LocaleFormatSettings());
+    text = FormatDateTime(pattern, UseNow ? Now() : TheDate, LocaleFormatSettings());
   } catch (const std::exception& e) {
-    SendBlock(std::string("Error formating datetime : ") + e.what());
+    SendStatusLines({std::string("Error formating datetime : ") + e.what()});
     return false;
   }
   // The variable set is the one named as written: the expansion above only
   // decided whether a name was given.
-  SetVariable(FJXVariable, text);
-  SendBlock("Set Variable \"" + FJXVariable + "\" to \"" + text + "\"");
+  SetVariable(JXVariable, text);
+  SendStatusLines({"Set Variable \"" + JXVariable + "\" to \"" + text + "\""});
   return true;
-}
-
-// Expands `text`; on an error logs a block naming the property and returns false.
-bool TCustomDateTimeAction::ExpandProperty(const std::string& caption, const std::string& text,
-                                           std::string& expanded) {
-  try {
-    expanded = ExpandExpression(text, true);
-    return true;
-  } catch (const std::exception& e) {
-    SendBlock("Error Expanding String property (" + caption + ") : " + e.what());
-    return false;
-  }
-}
-
-void TCustomDateTimeAction::SendBlock(const std::string& line) {
-  IJXActionLogMessagePtr block = CreateStatusMessage();
-  block->GetLines().Add(line);
-  SendStatusMessage(block);
 }
 
 const TJXClassInfo& TDateTimeAction::ClassInfo() {
   using C = TDateTimeAction;
   static const TJXClassInfo info = MakeClassInfo<C>(
       "TDateTimeAction", TPublished<C>()
-                             .String("DateFormat", &C::DateFormat, &C::SetDateFormat)
-                             .DateTime("TheDate", &C::TheDate, &C::SetTheDate)
-                             .Boolean("UseNow", &C::UseNow, &C::SetUseNow)
-                             .String("JXVariable", &C::JXVariable, &C::SetJXVariable)
-                             .Boolean("ForceSeparators", &C::ForceSeparators, &C::SetForceSeparators)
+                             .String("DateFormat", &C::DateFormat)
+                             .DateTime("TheDate", &C::TheDate)
+                             .Boolean("UseNow", &C::UseNow)
+                             .String("JXVariable", &C::JXVariable)
+                             .Boolean("ForceSeparators", &C::ForceSeparators)
                              .Build());
   return info;
 }

@@ -5,14 +5,13 @@
 #include <string>
 
 #include "framework/jxaction.h"
+#include "platform/clock.h"
 #include "rtl/datetime.h"
 
 namespace jx {
 
 class TCustomDateTimeAction : public TJXAction {
  public:
-  TCustomDateTimeAction();
-
   bool Execute() override;
   void GetPropertyHelp(TStrings& list) const override;
   void GetPropertyAlias(TStrings& list) const override;
@@ -20,27 +19,11 @@ class TCustomDateTimeAction : public TJXAction {
   int GetHelpTopicID() const override;
   std::string GetActionName() const override;
 
-  const std::string& DateFormat() const { return FDateFormat; }
-  void SetDateFormat(const std::string& value) { FDateFormat = value; }
-  TDateTime TheDate() const { return FTheDate; }
-  void SetTheDate(TDateTime value) { FTheDate = value; }
-  bool UseNow() const { return FUseNow; }
-  void SetUseNow(bool value) { FUseNow = value; }
-  const std::string& JXVariable() const { return FJXVariable; }
-  void SetJXVariable(const std::string& value) { FJXVariable = value; }
-  bool ForceSeparators() const { return FForceSeparators; }
-  void SetForceSeparators(bool value) { FForceSeparators = value; }
-
- protected:
-  std::string FDateFormat;
-  TDateTime FTheDate = 0;
-  bool FUseNow = false;
-  std::string FJXVariable;
-  bool FForceSeparators = false;
-
- private:
-  bool ExpandProperty(const std::string& caption, const std::string& text, std::string& expanded);
-  void SendBlock(const std::string& line);
+  std::string DateFormat = "ddmmyyyy";  // an expression
+  TDateTime TheDate = Now();            // a new action holds its moment of creation
+  bool UseNow = false;                  // format the moment of the run instead of TheDate
+  std::string JXVariable;               // the variable set, named as written
+  bool ForceSeparators = false;         // quote the whole pattern first
 };
 
 class TDateTimeAction : public TCustomDateTimeAction {

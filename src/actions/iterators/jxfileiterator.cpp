@@ -4,24 +4,12 @@
 #include <vector>
 
 #include "platform/attributes.h"
+#include "platform/fileidentity.h"
 #include "platform/findfile.h"
 #include "rtl/paths.h"
 #include "rtl/strutils.h"
 
 namespace jx {
-
-TCustomFileIterator::TCustomFileIterator() {
-  FRecurse = false;
-  FIncludeFilePath = true;
-}
-
-void TCustomFileIterator::SetVariableName(const std::string& value) {
-  if (value != FVariableName) FVariableName = value;
-}
-
-void TCustomFileIterator::SetFileSpec(const std::string& value) {
-  if (value != FFileSpec) FFileSpec = value;
-}
 
 // A recursive search needs the directory of each file, and a bare name
 // cannot say where it was found: the two options are kept consistent.
@@ -43,7 +31,7 @@ int TCustomFileIterator::GetHelpTopicID() const { return 950; }
 
 // An empty VariableName is reported at run time, not here.
 bool TCustomFileIterator::Validate(IJXActionValidationError& errors) {
-  if (FFileSpec.empty()) {
+  if (FileSpec.empty()) {
     errors.AddError("File Spec", "File Spec has not been set");
     return false;
   }
@@ -56,100 +44,81 @@ void TCustomFileIterator::GetHiddenProperties(TStrings& list) const {
   list.Add("FileCount");
 }
 
-void TCustomFileIterator::ResetBuildStatus() {
-  TWhileAction::ResetBuildStatus();
-  Reset();
+std::string TCustomFileIterator::MissingVariableMessage() const {
+  return VariableName.empty() ? "Variable Name not set" : "";
 }
 
-void TCustomFileIterator::Reset() { FState.Reset(); }
-
-void TCustomFileIterator::GetNextActionSource(int state, int& next) { FState.NextActionSource(state, next); }
-
-// Runs before every pass: the first pass of a loop searches, each pass sets
-// the variable to its file.
-bool TCustomFileIterator::Execute() {
-  if (FVariableName.empty()) {
-    SendMessage("Variable Name not set");
-    return false;
-  }
-  const bool result = TWhileAction::Execute();
-  if (!result) return false;
-  if (!FState.Populated && !Populate()) return false;
-  if (FState.HasCurrent() && !FState.StoreCurrent(*this, FVariableName)) return false;
-  return result;
-}
-
-bool TCustomFileIterator::Populate() {
+TIteratorAction::TListResult TCustomFileIterator::BuildList(TStrings& items) {
   std::string spec;
   try {
-    spec = ExpandExpression(FFileSpec, true);
+    spec = ExpandExpression(FileSpec, true);
   } catch (const std::exception& e) {
     SendMessage("Error Setting File Spec");
     SendMessage(std::string("--> ") + e.what());
-    return false;
+    return TListResult::Failed;
   }
   SendMessage("Searching for Files...");
-  FState.Items.Clear();
   try {
-    PopulateFileList(spec);
+    PopulateFileList(spec, items);
   } catch (const std::exception& e) {
     SendMessage(std::string("Error while searching for files : ") + e.what());
-    return false;
+    return TListResult::Failed;
   }
-  SendMessage("Found " + IntToStr(FState.Items.Count()) + " Files.");
-  SendMessage(FState.Items.GetText());
-  FState.MarkPopulated();
-  return true;
+  SendMessage("Found " + IntToStr(items.Count()) + " Files.");
+  SendMessage(items.GetText());
+  return TListResult::Built;
 }
+
+void TCustomFileIterator::StoreItem(const std::string& item) { SetVariable(VariableName, Variant(item)); }
 
 // The files of the file spec's directory in the order the file system
 // gives them, then, depth first, those of each subdirectory.
-void TCustomFileIterator::PopulateFileList(const std::string& spec) {
+void TCustomFileIterator::PopulateFileList(const std::string& spec, TStrings& list) {
   if (FRecurse) {
-    AddFilesOfTree(spec);
+    TWalkPath walk;
+    AddFilesOfTree(spec, walk, list);
   } else {
-    AddMatchingFiles(spec);
+    AddMatchingFiles(spec, list);
   }
 }
 
-void TCustomFileIterator::AddFile(const std::string& dir, const std::string& name) {
-  FState.Items.Add(FIncludeFilePath ? dir + name : name);
+void TCustomFileIterator::AddFile(const std::string& dir, const std::string& name, TStrings& list) {
+  list.Add(FIncludeFilePath ? dir + name : name);
 }
 
 // Normal, read-only and archive files; hidden and system files, directories
 // and volume labels stay out.
-void TCustomFileIterator::AddMatchingFiles(const std::string& spec) {
+void TCustomFileIterator::AddMatchingFiles(const std::string& spec, TStrings& list) {
   const std::string dir = ExtractFilePath(spec);
-  TSearchRec rec;
-  if (FindFirst(spec, faReadOnly | faArchive, rec, TFindDetail::Kind) != 0) return;
-  do {
-    AddFile(dir, rec.Name);
-  } while (FindNext(rec) == 0);
-  FindClose(rec);
+  TFindMatches matches(spec, faReadOnly | faArchive, TFindDetail::Kind);
+  for (const TSearchRec& rec : matches) AddFile(dir, rec.Name, list);
+  RaiseSearchError(matches);
 }
 
-// Each directory is read once, for its matching files and its subdirectories
-// alike: examining an entry's attributes is what a search costs, and a search
-// for the files followed by one for the subdirectories would examine every
-// file twice. Hidden and system directories are not entered.
-void TCustomFileIterator::AddFilesOfTree(const std::string& spec) {
+// One search per directory yields its matching files and every subdirectory,
+// so a directory is read once, and only names that match and directories are
+// examined further. Hidden and system directories are not entered, and
+// neither is a directory the walk already stands in (a link leading back up).
+void TCustomFileIterator::AddFilesOfTree(const std::string& spec, TWalkPath& walk, TStrings& list) {
   const std::string dir = ExtractFilePath(spec);
-  const std::string mask = ExtractFileName(spec);
+  const TWalkStep step(walk, dir);
+  if (!step.Entered()) return;
   std::vector<std::string> subdirs;
-  TSearchRec rec;
-  if (FindFirst(dir + "*.*", faDirectory | faReadOnly | faArchive, rec, TFindDetail::Kind) == 0) {
-    do {
-      if (!(rec.Attr & faDirectory)) {
-        if (MatchesMask(rec.Name, mask)) AddFile(dir, rec.Name);
-      } else if (rec.Name != "." && rec.Name != "..") {
+  {
+    TFindMatches matches(spec, faDirectory | faReadOnly | faArchive, TFindDetail::Kind, TFindDirs::AnyName);
+    for (const TSearchRec& rec : matches) {
+      if (rec.Attr & faDirectory) {
         subdirs.push_back(rec.Name);
+      } else {
+        AddFile(dir, rec.Name, list);
       }
-    } while (FindNext(rec) == 0);
-    FindClose(rec);
+    }
+    RaiseSearchError(matches);
   }
+  const std::string mask = ExtractFileName(spec);
   for (const std::string& name : subdirs) {
     if (!FRecurse) break;
-    AddFilesOfTree(dir + name + PathDelim + mask);
+    AddFilesOfTree(dir + name + PathDelim + mask, walk, list);
   }
 }
 
@@ -157,13 +126,13 @@ const TJXClassInfo& TFileIterator::ClassInfo() {
   using C = TFileIterator;
   static const TJXClassInfo info = MakeClassInfo<C>(
       "TFileIterator", TPublished<C>()
-                           .WideString("VariableName", &C::VariableName, &C::SetVariableName)
-                           .WideString("FileSpec", &C::FileSpec, &C::SetFileSpec)
+                           .WideString("VariableName", &C::VariableName)
+                           .WideString("FileSpec", &C::FileSpec)
                            .Boolean("Recurse", &C::Recurse, &C::SetRecurse)
                            .Boolean("IncludeFilePath", &C::IncludeFilePath, &C::SetIncludeFilePath)
-                           .IntegerResult("FileCount", &C::FileCount)
+                           .IntegerResult("FileCount", &C::ItemCount)
                            .NotStored()
-                           .IntegerResult("FileIndex", &C::FileIndex)
+                           .IntegerResult("FileIndex", &C::ItemIndex)
                            .NotStored()
                            .Build());
   return info;

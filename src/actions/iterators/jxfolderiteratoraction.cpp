@@ -1,18 +1,15 @@
 #include "actions/iterators/jxfolderiteratoraction.h"
 
 #include <exception>
+#include <vector>
 
 #include "platform/attributes.h"
+#include "platform/fileidentity.h"
 #include "platform/findfile.h"
 #include "rtl/paths.h"
 #include "rtl/strutils.h"
 
 namespace jx {
-
-TCustomFolderIterator::TCustomFolderIterator() {
-  FRecurse = false;
-  FIncludeFolderPath = true;
-}
 
 // Folders below the first level are only told apart by their path: the two
 // options are kept consistent.
@@ -33,7 +30,7 @@ std::string TCustomFolderIterator::GetQuickHelpFilename() const { return "Plugin
 int TCustomFolderIterator::GetHelpTopicID() const { return 3210; }
 
 bool TCustomFolderIterator::Validate(IJXActionValidationError& errors) {
-  if (FStartingFolder.empty()) {
+  if (StartingFolder.empty()) {
     errors.AddError("Starting Folder", "A starting folder has not been set");
     return false;
   }
@@ -46,76 +43,65 @@ void TCustomFolderIterator::GetHiddenProperties(TStrings& list) const {
   list.Add("FolderCount");
 }
 
-void TCustomFolderIterator::ResetBuildStatus() {
-  TWhileAction::ResetBuildStatus();
-  Reset();
+std::string TCustomFolderIterator::MissingVariableMessage() const {
+  return VariableName.empty() ? "Variable Name not set" : "";
 }
 
-void TCustomFolderIterator::Reset() { FState.Reset(); }
-
-void TCustomFolderIterator::GetNextActionSource(int state, int& next) { FState.NextActionSource(state, next); }
-
-// Runs before every pass: the first pass of a loop lists the folders, each
-// pass sets the variable to its folder.
-bool TCustomFolderIterator::Execute() {
-  if (FVariableName.empty()) {
-    SendMessage("Variable Name not set");
-    return false;
-  }
-  const bool result = TWhileAction::Execute();
-  if (!result) return false;
-  if (!FState.Populated) {
-    // A folder that does not expand has been reported by the host; the pass
-    // still succeeds, so the children run once with the variable as it was.
-    std::string folder;
-    if (!TryExpandExpression("Starting Folder", FStartingFolder, folder, true)) return result;
-    if (!Populate(folder)) return false;
-  }
-  if (FState.HasCurrent() && !FState.StoreCurrent(*this, FVariableName)) return false;
-  return result;
-}
-
-bool TCustomFolderIterator::Populate(const std::string& folder) {
+TIteratorAction::TListResult TCustomFolderIterator::BuildList(TStrings& items) {
+  std::string folder;
+  if (!TryExpandExpression("Starting Folder", StartingFolder, folder, true)) return TListResult::SkipPass;
   SendMessage("Searching for Folders...");
-  FState.Items.Clear();
   try {
-    PopulateFolderList(folder);
+    PopulateFolderList(folder, items);
   } catch (const std::exception& e) {
     SendMessage(std::string("Error while searching for folders : ") + e.what());
-    return false;
+    return TListResult::Failed;
   }
-  SendMessage("Found " + IntToStr(FState.Items.Count()) + " Folders");
-  SendMessage(FState.Items.GetText());
-  FState.MarkPopulated();
-  return true;
+  SendMessage("Found " + IntToStr(items.Count()) + " Folders");
+  SendMessage(items.GetText());
+  return TListResult::Built;
+}
+
+void TCustomFolderIterator::StoreItem(const std::string& item) { SetVariable(VariableName, Variant(item)); }
+
+void TCustomFolderIterator::PopulateFolderList(const std::string& folder, TStrings& list) {
+  TWalkPath walk;
+  AddFolders(folder, walk, list);
 }
 
 // Each folder is followed at once by the folders below it (with Recurse),
-// before its next sibling. Hidden and system folders are not listed.
-void TCustomFolderIterator::PopulateFolderList(const std::string& folder) {
+// before its next sibling. Hidden and system folders are not listed; a folder
+// the walk already stands in (a link leading back up) is listed but not
+// entered again.
+void TCustomFolderIterator::AddFolders(const std::string& folder, TWalkPath& walk, TStrings& list) {
   const std::string base = IncludeTrailingPathDelimiter(folder);
-  TSearchRec rec;
-  if (FindFirst(base + "*.*", faDirectory, rec, TFindDetail::Kind) != 0) return;
-  do {
-    if ((rec.Attr & faDirectory) && rec.Name != "." && rec.Name != "..") {
-      FState.Items.Add(FIncludeFolderPath ? base + rec.Name : rec.Name);
-      if (FRecurse) PopulateFolderList(base + rec.Name + PathDelim);
+  const TWalkStep step(walk, base);
+  if (!step.Entered()) return;
+  std::vector<std::string> names;
+  {
+    TFindMatches matches(base + "*.*", faDirectory, TFindDetail::Kind);
+    for (const TSearchRec& rec : matches) {
+      if (rec.Attr & faDirectory) names.push_back(rec.Name);
     }
-  } while (FindNext(rec) == 0);
-  FindClose(rec);
+    RaiseSearchError(matches);
+  }
+  for (const std::string& name : names) {
+    list.Add(FIncludeFolderPath ? base + name : name);
+    if (FRecurse) AddFolders(base + name + PathDelim, walk, list);
+  }
 }
 
 const TJXClassInfo& TFolderIterator::ClassInfo() {
   using C = TFolderIterator;
   static const TJXClassInfo info = MakeClassInfo<C>(
       "TFolderIterator", TPublished<C>()
-                             .WideString("VariableName", &C::VariableName, &C::SetVariableName)
-                             .WideString("StartingFolder", &C::StartingFolder, &C::SetStartingFolder)
+                             .WideString("VariableName", &C::VariableName)
+                             .WideString("StartingFolder", &C::StartingFolder)
                              .Boolean("Recurse", &C::Recurse, &C::SetRecurse)
                              .Boolean("IncludeFolderPath", &C::IncludeFolderPath, &C::SetIncludeFolderPath)
-                             .IntegerResult("FolderCount", &C::FolderCount)
+                             .IntegerResult("FolderCount", &C::ItemCount)
                              .NotStored()
-                             .IntegerResult("FolderIndex", &C::FolderIndex)
+                             .IntegerResult("FolderIndex", &C::ItemIndex)
                              .NotStored()
                              .Build());
   return info;

@@ -3,56 +3,45 @@
 // children once per folder with a variable holding the current folder.
 #pragma once
 
-#include <cstdint>
 #include <string>
 
-#include "actions/iterators/jxiteratorstate.h"
-#include "framework/jxwhileaction.h"
+#include "actions/iterators/jxiteratoraction.h"
 
 namespace jx {
 
-class TCustomFolderIterator : public TWhileAction {
+class TWalkPath;
+
+class TCustomFolderIterator : public TIteratorAction {
  public:
-  TCustomFolderIterator();
+  TCustomFolderIterator() : TIteratorAction(TStoreFailure::TwoLinesAndFailed) {}
 
   std::string GetActionName() const override;
-  bool Execute() override;
-  void ResetBuildStatus() override;
-  // State 0 (after Execute): 1 runs the children, 3 leaves; state 1 (after
-  // the children): 2 runs the iterator again, 3 leaves.
-  void GetNextActionSource(int state, int& next) override;
   bool Validate(IJXActionValidationError& errors) override;
   std::string GetQuickHelpFilename() const override;
   int GetHelpTopicID() const override;
   void GetHiddenProperties(TStrings& list) const override;
 
-  // Forgets the list, so the next pass searches again.
-  void Reset();
-  // Adds the subfolders of `folder` in depth-first pre-order (the whole tree
-  // with Recurse); `folder` itself is not added.
-  void PopulateFolderList(const std::string& folder);
+  // Adds to `list` the subfolders of `folder` in depth-first pre-order (the
+  // whole tree with Recurse); `folder` itself is not added.
+  void PopulateFolderList(const std::string& folder, TStrings& list);
 
-  const std::string& VariableName() const { return FVariableName; }
-  void SetVariableName(const std::string& value) { FVariableName = value; }
-  const std::string& StartingFolder() const { return FStartingFolder; }
-  void SetStartingFolder(const std::string& value) { FStartingFolder = value; }
+  std::string VariableName;    // receives each folder
+  std::string StartingFolder;  // expanded once per loop
   bool Recurse() const { return FRecurse; }
   void SetRecurse(bool value);            // true also sets IncludeFolderPath
   bool IncludeFolderPath() const { return FIncludeFolderPath; }
   void SetIncludeFolderPath(bool value);  // false also clears Recurse
-  int32_t FolderCount() const { return FState.Items.Count(); }
-  int32_t FolderIndex() const { return FState.Index + 1; }
 
  protected:
-  std::string FVariableName;
-  std::string FStartingFolder;
+  std::string MissingVariableMessage() const override;
+  TListResult BuildList(TStrings& items) override;
+  void StoreItem(const std::string& item) override;
+
   bool FRecurse = false;
   bool FIncludeFolderPath = true;
 
  private:
-  bool Populate(const std::string& folder);
-
-  TIteratorState FState;
+  void AddFolders(const std::string& folder, TWalkPath& walk, TStrings& list);
 };
 
 class TFolderIterator : public TCustomFolderIterator {

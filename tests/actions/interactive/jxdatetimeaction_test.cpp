@@ -18,8 +18,8 @@ using Lines = std::vector<std::string>;
 class DateTimeActionTest : public ::testing::Test {
  protected:
   DateTimeActionTest() {
-    h.Action.SetTheDate(EncodeDateTime(2026, 11, 15, 14, 5, 9, 7));
-    h.Action.SetJXVariable("STAMP");
+    h.Action.TheDate = EncodeDateTime(2026, 11, 15, 14, 5, 9, 7);
+    h.Action.JXVariable = "STAMP";
   }
   Hosted<TDateTimeAction> h;
 };
@@ -28,12 +28,12 @@ TEST_F(DateTimeActionTest, DefaultsAndDescriptions) {
   const TDateTime before = Now();
   TDateTimeAction a;
   const TDateTime after = Now();
-  EXPECT_EQ("ddmmyyyy", a.DateFormat());
-  EXPECT_LE(before, a.TheDate());
-  EXPECT_GE(after, a.TheDate());
-  EXPECT_FALSE(a.UseNow());
-  EXPECT_EQ("", a.JXVariable());
-  EXPECT_FALSE(a.ForceSeparators());
+  EXPECT_EQ("ddmmyyyy", a.DateFormat);
+  EXPECT_LE(before, a.TheDate);
+  EXPECT_GE(after, a.TheDate);
+  EXPECT_FALSE(a.UseNow);
+  EXPECT_EQ("", a.JXVariable);
+  EXPECT_FALSE(a.ForceSeparators);
   EXPECT_EQ("Get DateTime", a.GetActionName());
   EXPECT_EQ("Plugins\\GetDateTime.html", a.GetQuickHelpFilename());
   EXPECT_EQ(1560, a.GetHelpTopicID());
@@ -61,7 +61,7 @@ TEST_F(DateTimeActionTest, DefaultPatternGivesEightDigitsDayFirst) {
 
 TEST_F(DateTimeActionTest, TheVariableIsNamedAsWrittenNotAsExpanded) {
   h.Host.Variables["NAME"] = std::string("TARGET");
-  h.Action.SetJXVariable("%NAME%");
+  h.Action.JXVariable = "%NAME%";
   EXPECT_TRUE(h.Action.Execute());
   EXPECT_EQ(Variant("15112026"), h.Host.Variables["%NAME%"]);
   EXPECT_EQ(0u, h.Host.Variables.count("TARGET"));
@@ -71,11 +71,11 @@ TEST_F(DateTimeActionTest, TheVariableIsNamedAsWrittenNotAsExpanded) {
 TEST_F(DateTimeActionTest, BlankNameOrPatternFailsAtRunTime) {
   h.Host.Variables["BLANK"] = std::string("  ");
   for (const char* name : {"", "   ", "%BLANK%"}) {
-    h.Action.SetJXVariable(name);
+    h.Action.JXVariable = name;
     EXPECT_FALSE(h.Action.Execute()) << name;
   }
-  h.Action.SetJXVariable("STAMP");
-  h.Action.SetDateFormat(" \t");
+  h.Action.JXVariable = "STAMP";
+  h.Action.DateFormat = " \t";
   EXPECT_FALSE(h.Action.Execute());
   EXPECT_EQ((Lines{"Variable name must be specified!", "Variable name must be specified!",
                    "Variable name must be specified!", "A Date Format must be specified!"}),
@@ -84,10 +84,10 @@ TEST_F(DateTimeActionTest, BlankNameOrPatternFailsAtRunTime) {
 }
 
 TEST_F(DateTimeActionTest, ExpansionErrorsNameTheProperty) {
-  h.Action.SetJXVariable("%MISSING%");
+  h.Action.JXVariable = "%MISSING%";
   EXPECT_FALSE(h.Action.Execute());
-  h.Action.SetJXVariable("STAMP");
-  h.Action.SetDateFormat("dd%NOFMT%");
+  h.Action.JXVariable = "STAMP";
+  h.Action.DateFormat = "dd%NOFMT%";
   EXPECT_FALSE(h.Action.Execute());
   EXPECT_EQ((std::vector<Lines>{
                 {"Error Expanding String property (JX Variable) : Variable \"MISSING\" is not defined"},
@@ -99,16 +99,16 @@ TEST_F(DateTimeActionTest, ExpansionErrorsNameTheProperty) {
 // The host helper wraps the whole pattern in double quotes, which the pattern
 // language reads as literal text.
 TEST_F(DateTimeActionTest, ForceSeparatorsQuotesThePattern) {
-  h.Action.SetDateFormat("yyyy mm");
-  h.Action.SetForceSeparators(true);
+  h.Action.DateFormat = "yyyy mm";
+  h.Action.ForceSeparators = true;
   EXPECT_TRUE(h.Action.Execute());
   EXPECT_EQ(Variant("yyyy mm"), h.Host.Variables["STAMP"]);
 }
 
 TEST_F(DateTimeActionTest, UseNowFormatsTheMomentOfTheRun) {
-  h.Action.SetDateFormat("yyyymmdd");
-  h.Action.SetTheDate(EncodeDateTime(2001, 2, 3, 0, 0, 0, 0));
-  h.Action.SetUseNow(true);
+  h.Action.DateFormat = "yyyymmdd";
+  h.Action.TheDate = EncodeDateTime(2001, 2, 3, 0, 0, 0, 0);
+  h.Action.UseNow = true;
   const std::string before = FormatDateTime("yyyymmdd", Now(), ClassicFormatSettings());
   EXPECT_TRUE(h.Action.Execute());
   const std::string after = FormatDateTime("yyyymmdd", Now(), ClassicFormatSettings());

@@ -23,7 +23,7 @@ class ObservedFileIterator : public TFileIterator {
  public:
   bool Execute() override {
     const bool result = TFileIterator::Execute();
-    IndexInExecute.push_back(FileIndex());
+    IndexInExecute.push_back(ItemIndex());
     return result;
   }
   std::vector<int> IndexInExecute;
@@ -33,14 +33,14 @@ class FileIteratorTest : public ::testing::Test {
  protected:
   FileIteratorTest() {
     it.SetHost(&host);
-    it.SetVariableName("FILE");
+    it.VariableName = "FILE";
   }
   // Runs the loop over `spec`; the children record the variable and FileIndex.
   test::LoopRun Run(const std::string& spec) {
-    it.SetFileSpec(spec);
+    it.FileSpec = spec;
     return RunLoop(it, [&] {
       seen.push_back(host.Variables["FILE"].ToString());
-      index_in_children.push_back(it.FileIndex());
+      index_in_children.push_back(it.ItemIndex());
     });
   }
   static std::string ListText(const Lines& names) {
@@ -72,7 +72,7 @@ TEST_F(FileIteratorTest, ThreeFilesRunTheChildrenThreeTimes) {
   Lines sorted = seen;
   std::sort(sorted.begin(), sorted.end());
   EXPECT_EQ((Lines{dir / "a.txt", dir / "b.txt", dir / "c.txt"}), sorted);
-  EXPECT_EQ(0, it.FileCount());  // the end of the loop resets it
+  EXPECT_EQ(0, it.ItemCount());  // the end of the loop resets it
 }
 
 TEST_F(FileIteratorTest, NoFileLeavesAtOnceAndKeepsTheVariable) {
@@ -89,14 +89,14 @@ TEST_F(FileIteratorTest, NoFileLeavesAtOnceAndKeepsTheVariable) {
 }
 
 TEST_F(FileIteratorTest, EmptyVariableNameFailsAtRunTimeOnly) {
-  it.SetVariableName("");
-  it.SetFileSpec(dir / "*");
+  it.VariableName = "";
+  it.FileSpec = dir / "*";
   test::RecordingValidation errors;
   EXPECT_TRUE(it.Validate(errors));
   EXPECT_FALSE(it.Execute());
   EXPECT_EQ((Lines{"Variable Name not set"}), host.Lines);
 
-  it.SetFileSpec("");
+  it.FileSpec = "";
   EXPECT_FALSE(it.Validate(errors));
   EXPECT_EQ((Lines{"File Spec: File Spec has not been set"}), errors.Errors);
 }
@@ -150,7 +150,7 @@ TEST_F(FileIteratorTest, CoupledOptionsAndHiddenResults) {
 // not seen until the next one.
 TEST_F(FileIteratorTest, EachLoopSearchesAgain) {
   dir.WriteFile("1.txt");
-  it.SetFileSpec(dir / "*.txt");
+  it.FileSpec = dir / "*.txt";
   EXPECT_EQ(1, RunLoop(it, [&] { dir.WriteFile("2.txt"); }).ChildPasses);
   EXPECT_EQ(2, RunLoop(it, [] {}).ChildPasses);
   EXPECT_EQ(2, std::count(host.Lines.begin(), host.Lines.end(), "Searching for Files..."));
@@ -158,7 +158,7 @@ TEST_F(FileIteratorTest, EachLoopSearchesAgain) {
 
 TEST_F(FileIteratorTest, StopSignalEndsTheLoopBetweenPasses) {
   for (const char* name : {"1", "2", "3"}) dir.WriteFile(name);
-  it.SetFileSpec(dir / "*");
+  it.FileSpec = dir / "*";
   const test::LoopRun run = RunLoop(it, [&] { host.Stop = true; });
   EXPECT_FALSE(run.Result);
   EXPECT_EQ(1, run.ChildPasses);
@@ -166,11 +166,11 @@ TEST_F(FileIteratorTest, StopSignalEndsTheLoopBetweenPasses) {
   // A new build starts afresh.
   host.Stop = false;
   it.ResetBuildStatus();
-  EXPECT_EQ(0, it.FileCount());
+  EXPECT_EQ(0, it.ItemCount());
 }
 
 TEST_F(FileIteratorTest, ExpansionErrorIsLogged) {
-  it.SetFileSpec("%MISSING%/*.txt");
+  it.FileSpec = "%MISSING%/*.txt";
   EXPECT_FALSE(it.Execute());
   EXPECT_EQ((Lines{"Error Setting File Spec", "--> Variable \"MISSING\" is not defined"}), host.Lines);
 }
@@ -184,11 +184,40 @@ TEST_F(FileIteratorTest, AVariableThatCannotBeSetFailsTheAction) {
   RefusingHost refusing;
   it.SetHost(&refusing);
   dir.WriteFile("x.txt");
-  it.SetFileSpec(dir / "*.txt");
+  it.FileSpec = dir / "*.txt";
   EXPECT_FALSE(it.Execute());
   EXPECT_EQ(TJXActionStatus::asFailed, it.GetActionStatus());
   EXPECT_EQ((Lines{"Error Setting Variable", "--> Variable is read-only"}),
             Lines(refusing.Lines.end() - 2, refusing.Lines.end()));
+}
+
+// A link back up the tree is followed, but a directory the walk already
+// stands in is not entered again.
+TEST_F(FileIteratorTest, ALinkBackUpTheTreeIsNotWalkedAgain) {
+  dir.WriteFile("top.c");
+  dir.WriteFile("a/x.c");
+  std::filesystem::create_directory_symlink("..", dir / "a/back");
+  it.SetRecurse(true);
+  EXPECT_TRUE(Run(dir / "*.c").Result);
+  EXPECT_EQ((Lines{dir / "top.c", dir / "a/x.c"}), seen);
+}
+
+// A directory that cannot be read fails the search, with the system's reason.
+TEST_F(FileIteratorTest, ADirectoryThatCannotBeReadFailsTheSearch) {
+  std::filesystem::create_directory_symlink("self", dir / "self");
+  std::vector<std::pair<std::string, std::string>> rows = {{"self", "Too many levels of symbolic links"}};
+  dir.MakeDir("locked");
+  std::filesystem::permissions(dir / "locked", std::filesystem::perms::none);
+  std::error_code denied;
+  std::filesystem::directory_iterator(dir / "locked", denied);
+  if (denied) rows.emplace_back("locked", "Permission denied");  // not when root runs the tests
+  for (const auto& [name, reason] : rows) {
+    host.Lines.clear();
+    it.FileSpec = dir / name + "/*.txt";
+    EXPECT_FALSE(it.Execute());
+    EXPECT_EQ((Lines{"Searching for Files...", "Error while searching for files : " + reason}), host.Lines);
+  }
+  std::filesystem::permissions(dir / "locked", std::filesystem::perms::owner_all);
 }
 
 }  // namespace
