@@ -59,5 +59,5 @@ hyperfine -N --warmup 1 --runs "$RUNS" --export-json "$SCRATCH/copy-big.json" \
   "$JAXTOR run $SCRATCH/copy-big.xml --unattended --log $SCRATCH/copy-big.log" \
   "cp $BIG $BIG_COPY"
 
-echo "tree of $((DIRS * PER_DIR)) files: jaxtor / cp -r = $(ratio_of "$SCRATCH/copy-tree.json") (target 1.20)"
-echo "one file of $BIG_MIB MiB: jaxtor / cp = $(ratio_of "$SCRATCH/copy-big.json") (target 1.10)"
+echo "tree of $((DIRS * PER_DIR)) files: jaxtor / cp -r = $(ratio_of "$SCRATCH/copy-tree.json"), cpu $(cpu_ratio_of "$SCRATCH/copy-tree.json") (target 1.20)"
+echo "one file of $BIG_MIB MiB: jaxtor / cp = $(ratio_of "$SCRATCH/copy-big.json"), cpu $(cpu_ratio_of "$SCRATCH/copy-big.json") (target 1.10)"

@@ -25,4 +25,4 @@ hyperfine -N --warmup 1 --runs "$RUNS" --export-json "$SCRATCH/move.json" \
   "$JAXTOR run $SCRATCH/move.xml --unattended --log $SCRATCH/move.log" \
   "bash -c 'mv $SRC/*.o $DST/'"
 echo "(mv runs inside bash, which also expands the wildcard; jaxtor searches itself)"
-echo "$COUNT files: jaxtor / mv = $(ratio_of "$SCRATCH/move.json") (target 1.30)"
+echo "$COUNT files: jaxtor / mv = $(ratio_of "$SCRATCH/move.json"), cpu $(cpu_ratio_of "$SCRATCH/move.json") (target 1.30)"

@@ -9,16 +9,24 @@
 
 namespace jx {
 
+// What a search yields: the directories of TFindDirs, and whether the "."
+// and ".." entries are among them (a range leaves them out, and so need not
+// examine them).
+struct TYield {
+  TFindDirs dirs = TFindDirs::MatchingMask;
+  bool dot_entries = true;
+};
+
 struct TSearchState {
   TSearchState(backend::DirReaderPtr dir_reader, std::string_view mask_text, uint32_t exclude, TFindDetail wanted,
-               TFindDirs directories)
-      : reader(std::move(dir_reader)), mask(mask_text), exclude_attr(exclude), detail(wanted), dirs(directories) {}
+               TYield yielded)
+      : reader(std::move(dir_reader)), mask(mask_text), exclude_attr(exclude), detail(wanted), yield(yielded) {}
 
   backend::DirReaderPtr reader;
   WildcardMask mask;
   uint32_t exclude_attr;
   TFindDetail detail;
-  TFindDirs dirs;
+  TYield yield;
 };
 
 namespace {
@@ -45,13 +53,16 @@ void Fill(TSearchRec& rec, const backend::RawDirEntry& entry, TFindDetail detail
 
 // Whether a name the mask refuses may still be admitted as a directory.
 bool MayBeAdmittedDirectory(const TSearchState& search, const backend::RawDirEntry& entry) {
-  return search.dirs == TFindDirs::AnyName && !(search.exclude_attr & faDirectory) &&
+  return search.yield.dirs == TFindDirs::AnyName && !(search.exclude_attr & faDirectory) &&
          (!entry.kind_known || (entry.attr & faDirectory));
 }
+
+bool IsDotEntry(std::string_view name) { return name == "." || name == ".."; }
 
 // The bits the reader knows up front already rule most entries out, so
 // details are read only for entries that may be admitted.
 bool Admits(TSearchState& search, backend::RawDirEntry& entry) {
+  if (!search.yield.dot_entries && IsDotEntry(entry.name)) return false;
   const bool name_matches = search.mask.Matches(entry.name);
   if (!name_matches && !MayBeAdmittedDirectory(search, entry)) return false;
   if (entry.attr & search.exclude_attr) return false;
@@ -77,24 +88,22 @@ int NextMatch(TSearchRec& rec, int exhausted) {
   return result;
 }
 
-int FindFirstOf(const std::string& pattern, uint32_t attr, TSearchRec& rec, TFindDetail detail, TFindDirs dirs) {
+int FindFirstOf(const std::string& pattern, uint32_t attr, TSearchRec& rec, TFindDetail detail, TYield yield) {
   FindClose(rec);
   rec.ExcludeAttr = ExcludedBy(attr);
   backend::DirReaderPtr reader = backend::OpenDirReader(ExtractFilePath(pattern));
   if (!reader) return static_cast<int>(GetLastError());
   rec.FindHandle =
-      std::make_shared<TSearchState>(std::move(reader), ExtractFileName(pattern), rec.ExcludeAttr, detail, dirs);
+      std::make_shared<TSearchState>(std::move(reader), ExtractFileName(pattern), rec.ExcludeAttr, detail, yield);
   const int result = NextMatch(rec, static_cast<int>(kErrorFileNotFound));
   if (result != 0) FindClose(rec);
   return result;
 }
 
-bool IsDotEntry(const std::string& name) { return name == "." || name == ".."; }
-
 }  // namespace
 
 int FindFirst(const std::string& pattern, uint32_t attr, TSearchRec& rec, TFindDetail detail) {
-  return FindFirstOf(pattern, attr, rec, detail, TFindDirs::MatchingMask);
+  return FindFirstOf(pattern, attr, rec, detail, TYield{});
 }
 
 int FindNext(TSearchRec& rec) {
@@ -108,14 +117,13 @@ int FindNext(TSearchRec& rec) {
 void FindClose(TSearchRec& rec) { rec.FindHandle.reset(); }
 
 TFindMatches::TFindMatches(const std::string& pattern, uint32_t attr, TFindDetail detail, TFindDirs dirs) {
-  Settle(FindFirstOf(pattern, attr, rec_, detail, dirs));
+  Settle(FindFirstOf(pattern, attr, rec_, detail, TYield{dirs, false}));
 }
 
 void TFindMatches::Advance() { Settle(FindNext(rec_)); }
 
 // "Nothing there" ends the range quietly; any other error is kept for Error().
 void TFindMatches::Settle(int result) {
-  while (result == 0 && IsDotEntry(rec_.Name)) result = FindNext(rec_);
   if (result == 0) return;
   done_ = true;
   const auto code = static_cast<uint32_t>(result);

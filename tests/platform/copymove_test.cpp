@@ -135,5 +135,41 @@ TEST_F(CopyMoveTest, MoveAcrossFileSystemsFails) {
   EXPECT_FALSE(FileExists(dest));
 }
 
+// A file moved from the memory file system to the temporary directory's:
+// copied whole with its time, and gone from where it was. A directory is not
+// copied; a destination that exists is refused before anything is copied.
+TEST_F(CopyMoveTest, MoveAcrossVolumesCopiesFilesOnly) {
+  struct stat shm{}, temp{};
+  if (stat("/dev/shm", &shm) != 0 || stat(dir_.Path().c_str(), &temp) != 0 || shm.st_dev == temp.st_dev) {
+    GTEST_SKIP() << "no second file system at /dev/shm";
+  }
+  const std::string away = "/dev/shm/" + dir_.Path().substr(dir_.Path().rfind('/') + 1);
+  struct RemoveAway {
+    std::string path;
+    ~RemoveAway() { std::filesystem::remove_all(path); }
+  } remove_away{away};
+  ASSERT_TRUE(std::filesystem::create_directory(away));
+  const std::string file = away + "/file.bin";
+  ASSERT_TRUE(CopyFileTo(source_, file, true));
+  const timespec times[2] = {{0, UTIME_OMIT}, {1500000000, 123456789}};
+  ASSERT_EQ(0, utimensat(AT_FDCWD, file.c_str(), times, 0));
+
+  ASSERT_TRUE(MoveFileAcrossVolumes(file, dir_ / "moved.bin"));
+  EXPECT_EQ(0u, GetLastError());
+  EXPECT_EQ(contents_, test::ReadFile(dir_ / "moved.bin"));
+  EXPECT_EQ(1500000000, MTimeOf(dir_ / "moved.bin").tv_sec);
+  EXPECT_EQ(123456789, MTimeOf(dir_ / "moved.bin").tv_nsec);
+  EXPECT_FALSE(FileExists(file));
+
+  ASSERT_TRUE(MoveFileAcrossVolumes(dir_ / "moved.bin", file));  // and back
+  EXPECT_FALSE(MoveFileAcrossVolumes(file, source_));
+  EXPECT_EQ(kErrorAlreadyExists, GetLastError());
+  EXPECT_TRUE(FileExists(file));
+  EXPECT_FALSE(MoveFileAcrossVolumes(away, dir_ / "dir"));
+  EXPECT_EQ(kErrorNotSameDevice, GetLastError());
+  EXPECT_TRUE(DirectoryExists(away));
+  EXPECT_FALSE(DirectoryExists(dir_ / "dir"));
+}
+
 }  // namespace
 }  // namespace jx

@@ -2,9 +2,12 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <stdexcept>
 #include <vector>
 
 #include "platform/attributes.h"
@@ -149,6 +152,83 @@ TEST_F(FindFileTest, PatternWithoutDirectorySearchesTheCurrentOne) {
   ASSERT_TRUE(SetCurrentDir(previous));
   EXPECT_EQ(0, rc);
   EXPECT_EQ("plain.txt", rec.Name);
+}
+
+std::vector<std::string> MatchNames(const std::string& pattern, uint32_t attr, TFindDirs dirs = TFindDirs::MatchingMask) {
+  std::vector<std::string> names;
+  TFindMatches matches(pattern, attr, TFindDetail::Kind, dirs);
+  for (const TSearchRec& rec : matches) names.push_back(rec.Name);
+  EXPECT_EQ(0, matches.Error()) << pattern;
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+TEST_F(FindFileTest, MatchesLeaveOutTheDotEntries) {
+  EXPECT_EQ((NameList{"plain.txt", "readonly.txt", "sub"}), MatchNames(dir_ / "*", faDirectory));
+  EXPECT_EQ((NameList{}), MatchNames(dir_ / ".*", faDirectory));
+}
+
+// Files must still match the mask; every directory the attributes admit is
+// yielded, links to directories included.
+TEST_F(FindFileTest, AnyNameYieldsEveryDirectory) {
+  dir_.WriteFile("x.o");
+  dir_.MakeDir("tree.o");
+  dir_.MakeDir(".git");
+  ASSERT_EQ(0, symlink("sub", (dir_ / "linked").c_str()));
+  EXPECT_EQ((NameList{"linked", "sub", "tree.o", "x.o"}), MatchNames(dir_ / "*.o", faDirectory, TFindDirs::AnyName));
+  EXPECT_EQ((NameList{".git", "linked", "sub", "tree.o", "x.o"}),
+            MatchNames(dir_ / "*.o", faDirectory | faHidden, TFindDirs::AnyName));
+  EXPECT_EQ((NameList{"x.o"}), MatchNames(dir_ / "*.o", faReadOnly, TFindDirs::AnyName));
+}
+
+size_t OpenDescriptors() {
+  return static_cast<size_t>(std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}));
+}
+
+TEST_F(FindFileTest, MatchesCloseTheSearchWhicheverWayTheLoopEnds) {
+  const size_t before = OpenDescriptors();
+  for (const TSearchRec& rec : TFindMatches(dir_ / "*", 0)) {
+    EXPECT_EQ(before + 1, OpenDescriptors()) << rec.Name;  // the search holds one
+    break;
+  }
+  EXPECT_EQ(before, OpenDescriptors());
+  EXPECT_THROW(
+      for (const TSearchRec& rec : TFindMatches(dir_ / "*", 0)) throw std::runtime_error(rec.Name), std::runtime_error);
+  EXPECT_EQ(before, OpenDescriptors());
+}
+
+// The error of a search made without privileges: root may read any directory.
+// -1 when no unprivileged user can be taken.
+int SearchErrorUnprivileged(const std::string& pattern) {
+  if (geteuid() != 0) return TFindMatches(pattern, faAnyFile).Error();
+  const pid_t child = fork();
+  if (child == 0) {
+    if (setgid(65534) != 0 || setuid(65534) != 0) _exit(255);
+    _exit(TFindMatches(pattern, faAnyFile).Error() & 0x7F);
+  }
+  int status = 0;
+  if (child < 0 || waitpid(child, &status, 0) != child || !WIFEXITED(status) || WEXITSTATUS(status) == 255) return -1;
+  return WEXITSTATUS(status);
+}
+
+// Nothing to search is no error; a directory that cannot be searched is.
+TEST_F(FindFileTest, MatchesErrorTellsAFailureFromNothingThere) {
+  ASSERT_EQ(0, symlink("loop", (dir_ / "loop").c_str()));
+  const struct {
+    const char* pattern;
+    int error;
+  } cases[] = {{"*.none", 0}, {"missing/*", 0}, {"plain.txt/*", 0}, {"loop/*", ELOOP}};
+  for (const auto& c : cases) {
+    TFindMatches matches(dir_ / c.pattern, faAnyFile);
+    EXPECT_TRUE(matches.begin() == matches.end()) << c.pattern;
+    EXPECT_EQ(c.error, matches.Error()) << c.pattern;
+  }
+  const std::string locked = dir_.MakeDir("locked");
+  dir_.WriteFile("locked/inside");
+  ASSERT_EQ(0, chmod(locked.c_str(), 0));
+  const int error = SearchErrorUnprivileged(locked + "/*");
+  if (error < 0) GTEST_SKIP() << "no unprivileged user to search as";
+  EXPECT_EQ(EACCES, error);
 }
 
 }  // namespace

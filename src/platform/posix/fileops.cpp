@@ -12,6 +12,24 @@
 
 namespace jx {
 
+namespace {
+
+// Existence needs the file type only: the stored bits would cost a further
+// call per path.
+bool StatPath(const std::string& path, struct stat& st) { return stat(path.c_str(), &st) == 0 || posix::FailWithErrno(); }
+
+}  // namespace
+
+bool FileExists(const std::string& path) {
+  struct stat st;
+  return StatPath(path, st) && !S_ISDIR(st.st_mode);
+}
+
+bool DirectoryExists(const std::string& path) {
+  struct stat st;
+  return StatPath(path, st) && S_ISDIR(st.st_mode);
+}
+
 // Win32 refuses to delete a directory or a read-only file; the kernel would let
 // root unlink a file nobody may write, so the check is made here. A symbolic
 // link is removed itself, whatever its target.
