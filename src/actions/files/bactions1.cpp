@@ -204,27 +204,19 @@ bool TDeleteDirectoryAction::RemoveTree(const std::string& dir) const {
 }
 
 // Deletes everything that `mask` finds, depth first, and stops at the first
-// entry that cannot go; what was deleted before stays deleted.
+// entry that cannot go (or a search that fails), with its error as the last
+// error; what was deleted before stays deleted.
 bool TDeleteDirectoryAction::DelTree(const std::string& mask) const {
-  TSearchRec rec;
-  if (FindFirst(mask, faAnyFile, rec, TFindDetail::Kind) != 0) return true;
   const std::string dir = ExtractFilePath(mask);
-  bool result = true;
-  do {
+  TFindMatches matches(mask, faAnyFile, TFindDetail::Kind);
+  for (const TSearchRec& rec : matches) {
     const std::string path = JoinPath(dir, rec.Name);
-    if (rec.Attr & faDirectory) {
-      if (rec.Name == "." || rec.Name == "..") continue;
-      result = RemoveTree(path);
-    } else {
-      if (FDeleteReadOnly) FileSetAttr(path, faNormal);
-      result = RemoveFile(path);
-    }
-  } while (result && FindNext(rec) == 0);
-  // The caller reports the failing call's error, which closing must not replace.
-  const uint32_t error = GetLastError();
-  FindClose(rec);
-  SetLastError(error);
-  return result;
+    if (!(rec.Attr & faDirectory) && FDeleteReadOnly) FileSetAttr(path, faNormal);
+    if (!((rec.Attr & faDirectory) ? RemoveTree(path) : RemoveFile(path))) return false;
+  }
+  if (matches.Error() == 0) return true;
+  SetLastError(static_cast<uint32_t>(matches.Error()));
+  return false;
 }
 
 const TJXClassInfo& TDeleteDirectoryAction::ClassInfo() {

@@ -9,6 +9,18 @@
 
 namespace jx {
 
+namespace {
+
+// Logs the two failure lines for `name` (a file, or the spec whose search
+// failed) and returns false.
+bool LogFailure(TStrings& log, const std::string& name, uint32_t error) {
+  log.Add(" --> Error Deleting File : " + name);
+  log.Add(" --> " + SysErrorMessage(error));
+  return false;
+}
+
+}  // namespace
+
 TCustomDeleteFilesAction::TCustomDeleteFilesAction() {
   FDeleteReadOnly = false;
   FFailIfNoFile = true;
@@ -84,25 +96,17 @@ bool TCustomDeleteFilesAction::Execute() {
 }
 
 // Deletes every match of `spec` in the order the search returns them; stops at
-// the first file that cannot be deleted.
+// the first file that cannot be deleted, or at a search that fails.
 bool TCustomDeleteFilesAction::DeleteMatches(const std::string& spec, TStrings& log, int32_t& deleted) {
-  TSearchRec rec;
-  if (FindFirst(spec, faReadOnly | faHidden, rec, TFindDetail::Kind) != 0) return true;
   const std::string dir = ExtractFilePath(spec);
-  bool result = true;
-  do {
+  TFindMatches matches(spec, faReadOnly | faHidden, TFindDetail::Kind);
+  for (const TSearchRec& rec : matches) {
     const std::string file_name = JoinPath(dir, rec.Name);
     const TDeleteOutcome outcome = DeleteOne(file_name);
-    if (outcome == TDeleteOutcome::Failed) {
-      log.Add(" --> Error Deleting File : " + file_name);
-      log.Add(" --> " + SysErrorMessage(GetLastError()));
-      result = false;
-      break;
-    }
+    if (outcome == TDeleteOutcome::Failed) return LogFailure(log, file_name, GetLastError());
     if (outcome == TDeleteOutcome::Deleted) ++deleted;
-  } while (FindNext(rec) == 0);
-  FindClose(rec);
-  return result;
+  }
+  return matches.Error() == 0 || LogFailure(log, spec, matches.Error());
 }
 
 // Clears the attributes the options allow, then deletes. A delete that claims

@@ -68,7 +68,7 @@ class TCustomCopyFilesAction : public TJXAction {
 
  private:
   bool CopyMatches(TStrings& log, const std::string& spec, int32_t& count, const std::string& destination,
-                   std::vector<std::string>* subdirectories);
+                   std::vector<std::string>& subdirectories);
 };
 
 class TCopyFilesAction : public TCustomCopyFilesAction {

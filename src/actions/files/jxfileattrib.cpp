@@ -1,5 +1,9 @@
 #include "actions/files/jxfileattrib.h"
 
+#include <string>
+#include <vector>
+
+#include "actions/files/filewalk.h"
 #include "platform/attributes.h"
 #include "platform/findfile.h"
 #include "platform/lasterror.h"
@@ -17,10 +21,6 @@ uint32_t Apply(uint32_t attributes, uint32_t bit, TAttributeSetting setting) {
   if (setting == asClear && (attributes & bit) != 0) return attributes & ~bit;
   return attributes;
 }
-
-bool HasWildcards(const std::string& spec) { return spec.find_first_of("*?") != std::string::npos; }
-
-bool IsDotEntry(const std::string& name) { return name == "." || name == ".."; }
 
 }  // namespace
 
@@ -83,7 +83,8 @@ bool TCustomSetFileAttributesAction::Execute() {
   return result;
 }
 
-// Per-file failures are logged and do not change the result.
+// Per-file failures are logged and do not change the result; a search that
+// fails does.
 bool TCustomSetFileAttributesAction::Run(TStrings& log) {
   if (NothingToDo()) {
     log.Add("Nothing to do!");
@@ -100,33 +101,32 @@ bool TCustomSetFileAttributesAction::Run(TStrings& log) {
     log.Add("Nothing to do!");
     return false;
   }
-  DoRecursiveAction(log, spec, FRecurse);
-  return true;
+  return DoRecursiveAction(log, spec, FRecurse);
 }
 
-// Without wildcards only the first entry found is processed. Directories are
-// skipped, and entered only through the recursion, which passes by hidden
-// and system directories (the search does not admit them).
-void TCustomSetFileAttributesAction::DoRecursiveAction(TStrings& log, const std::string& spec, bool recurse) {
-  const bool wild = HasWildcards(spec);
+// The files that match `spec` (a spec without wildcards names one at most),
+// then, with `recurse`, every subdirectory that is neither hidden nor system,
+// whatever its name, listed by the same search. False when a search failed.
+bool TCustomSetFileAttributesAction::DoRecursiveAction(TStrings& log, const std::string& spec, bool recurse) {
   const std::string dir = ExtractFilePath(spec);
-  const std::string mask = ExtractFileName(spec);
-  TSearchRec rec;
-  if (FindFirst(spec, faAnyFile, rec) == 0) {
-    do {
-      if ((rec.Attr & faDirectory) == 0) ProcessFile(log, JoinPath(dir, rec.Name), rec.Attr);
-    } while (wild && FindNext(rec) == 0);
-    FindClose(rec);
+  std::vector<std::string> subdirectories;
+  TFindMatches matches(spec, faAnyFile, TFindDetail::Full, recurse ? TFindDirs::AnyName : TFindDirs::MatchingMask);
+  for (const TSearchRec& rec : matches) {
+    if ((rec.Attr & faDirectory) == 0) {
+      ProcessFile(log, JoinPath(dir, rec.Name), rec.Attr);
+    } else if (recurse && IsWalkedInto(rec)) {
+      subdirectories.push_back(rec.Name);
+    }
   }
-  if (!recurse) return;
-  if (FindFirst(JoinPath(dir, "*"), faDirectory, rec, TFindDetail::Kind) == 0) {
-    do {
-      if ((rec.Attr & faDirectory) != 0 && !IsDotEntry(rec.Name)) {
-        DoRecursiveAction(log, JoinPath(JoinPath(dir, rec.Name), mask), true);
-      }
-    } while (FindNext(rec) == 0);
-    FindClose(rec);
+  if (matches.Error() != 0) {
+    log.Add("Error processing File Spec : " + SysErrorMessage(matches.Error()));
+    return false;
   }
+  bool searched = true;
+  for (const std::string& name : subdirectories) {
+    searched = DoRecursiveAction(log, JoinPath(JoinPath(dir, name), ExtractFileName(spec)), true) && searched;
+  }
+  return searched;
 }
 
 void TCustomSetFileAttributesAction::ProcessFile(TStrings& log, const std::string& path, uint32_t attributes) {

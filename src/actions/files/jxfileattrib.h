@@ -43,8 +43,9 @@ class TCustomSetFileAttributesAction : public TJXAction {
   void SetArchive(TAttributeSetting value) { FArchive = value; }
 
  protected:
-  // One directory level, and with `recurse` every subdirectory below it.
-  void DoRecursiveAction(TStrings& log, const std::string& spec, bool recurse);
+  // One directory level, and with `recurse` every subdirectory below it;
+  // false when a search failed (logged).
+  bool DoRecursiveAction(TStrings& log, const std::string& spec, bool recurse);
   // Writes the attributes of one file: `attributes` as the search found them,
   // changed by the four settings.
   void ProcessFile(TStrings& log, const std::string& path, uint32_t attributes);

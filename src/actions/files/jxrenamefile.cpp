@@ -3,6 +3,7 @@
 #include "platform/attributes.h"
 #include "platform/copymove.h"
 #include "platform/findfile.h"
+#include "platform/lasterror.h"
 #include "rtl/paths.h"
 #include "rtl/sysutils.h"
 
@@ -24,14 +25,13 @@ bool TCustomRenameFilesAction::Execute() {
   if (!TryExpand(FSourceSpec, source) || !TryExpand(FTargetSpec, target)) return false;
   const std::string dir = ExtractFilePath(source);
   std::string new_name;
-  TSearchRec rec;
-  if (FindFirst(source, faAnyFile, rec, TFindDetail::Kind) == 0) {
-    do {
-      GetNewFileName(rec.Name, target, new_name);
-      MoveFileTo(JoinPath(dir, rec.Name), JoinPath(dir, new_name));  // a failed rename is passed over silently
-    } while (FindNext(rec) == 0);
-    FindClose(rec);
+  TFindMatches matches(source, faAnyFile, TFindDetail::Kind);
+  for (const TSearchRec& rec : matches) {
+    GetNewFileName(rec.Name, target, new_name);
+    MoveFileTo(JoinPath(dir, rec.Name), JoinPath(dir, new_name));  // a failed rename is passed over silently
   }
+  // A search that fails is logged like an expansion error: its text alone.
+  if (matches.Error() != 0) SendStatusLines({SysErrorMessage(matches.Error())});
   return false;
 }
 

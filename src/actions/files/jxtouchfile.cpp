@@ -1,23 +1,21 @@
 #include "actions/files/jxtouchfile.h"
 
 #include <cmath>
+#include <vector>
 
+#include "actions/files/filewalk.h"
 #include "platform/attributes.h"
 #include "platform/clock.h"
 #include "platform/filetime.h"
 #include "platform/findfile.h"
+#include "platform/lasterror.h"
 #include "platform/localeinfo.h"
 #include "rtl/formatdatetime.h"
 #include "rtl/paths.h"
 #include "rtl/strutils.h"
+#include "rtl/sysutils.h"
 
 namespace jx {
-
-namespace {
-
-bool IsDotEntry(const std::string& name) { return name == "." || name == ".."; }
-
-}  // namespace
 
 TCustomTouchFilesAction::TCustomTouchFilesAction() {
   FDateTime = Now();
@@ -128,12 +126,16 @@ bool TCustomTouchFilesAction::Execute() {
 }
 
 // The result of the last subdirectory replaces the result so far, so an
-// error above it can end in success: the action's established outcome.
+// error above it can end in success: the action's established outcome. A
+// search that fails ends this level with its error's text.
 bool TCustomTouchFilesAction::ProcessFiles(const std::string& spec) {
-  const std::string dir = ExtractFilePath(spec);
   try {
-    bool result = TouchMatches(spec, dir);
-    if (FRecurse) result = ProcessSubdirectories(dir, ExtractFileName(spec), result);
+    std::vector<std::string> subdirectories;
+    bool result = TouchMatches(spec, subdirectories);
+    const std::string dir = ExtractFilePath(spec);
+    for (const std::string& name : subdirectories) {
+      result = ProcessFiles(JoinPath(JoinPath(dir, name), ExtractFileName(spec)));
+    }
     return result;
   } catch (const std::exception& e) {
     LogStatus(e.what());
@@ -141,35 +143,24 @@ bool TCustomTouchFilesAction::ProcessFiles(const std::string& spec) {
   }
 }
 
-// Normal files only: hidden and system files are not searched for. Stops at
-// the first file that cannot be touched.
-bool TCustomTouchFilesAction::TouchMatches(const std::string& spec, const std::string& dir) {
-  TSearchRec rec;
-  if (FindFirst(spec, faReadOnly | faArchive, rec, TFindDetail::Kind) != 0) return true;
+// Normal files only: hidden and system files are not searched for. After a
+// file that cannot be touched the rest of the directory is passed by. With
+// Recurse the same search lists the subdirectories (neither hidden nor
+// system, whatever their names) into `subdirectories`.
+bool TCustomTouchFilesAction::TouchMatches(const std::string& spec, std::vector<std::string>& subdirectories) {
+  const std::string dir = ExtractFilePath(spec);
+  const uint32_t attr = faReadOnly | faArchive | (FRecurse ? faDirectory : 0);
+  TFindMatches matches(spec, attr, TFindDetail::Kind, TFindDirs::AnyName);
   bool result = true;
-  do {
-    if (IsDotEntry(rec.Name)) continue;
-    const std::string path = JoinPath(dir, rec.Name);
-    if (!TouchFile(path)) {
-      LogStatus("Error touching File : " + path);
+  for (const TSearchRec& rec : matches) {
+    if (rec.Attr & faDirectory) {
+      if (IsWalkedInto(rec)) subdirectories.push_back(rec.Name);
+    } else if (result && !TouchFile(JoinPath(dir, rec.Name))) {
+      LogStatus("Error touching File : " + JoinPath(dir, rec.Name));
       result = false;
-      break;
     }
-  } while (FindNext(rec) == 0);
-  FindClose(rec);
-  return result;
-}
-
-// Hidden and system directories are not searched for, so not entered.
-bool TCustomTouchFilesAction::ProcessSubdirectories(const std::string& dir, const std::string& mask, bool result) {
-  TSearchRec rec;
-  if (FindFirst(JoinPath(dir, "*.*"), faDirectory, rec, TFindDetail::Kind) != 0) return result;
-  do {
-    if ((rec.Attr & faDirectory) != 0 && !IsDotEntry(rec.Name)) {
-      result = ProcessFiles(JoinPath(JoinPath(dir, rec.Name), mask));
-    }
-  } while (FRecurse && FindNext(rec) == 0);
-  FindClose(rec);
+  }
+  if (matches.Error() != 0) throw EOSError(matches.Error(), SysErrorMessage(matches.Error()));
   return result;
 }
 

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "framework/jxaction.h"
 #include "rtl/datetime.h"
@@ -64,8 +65,7 @@ class TCustomTouchFilesAction : public TJXAction {
 
  private:
   void LogStatus(const std::string& line);
-  bool TouchMatches(const std::string& spec, const std::string& dir);
-  bool ProcessSubdirectories(const std::string& dir, const std::string& mask, bool result);
+  bool TouchMatches(const std::string& spec, std::vector<std::string>& subdirectories);
   TDateTime NewTimeOf(TDateTime current) const;
 };
 
