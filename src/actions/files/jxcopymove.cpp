@@ -118,6 +118,9 @@ bool TCustomCopyFilesAction::Execute() {
 
 bool TCustomCopyFilesAction::DoRecursiveCopyMove(TStrings& log, const std::string& spec, int32_t& count,
                                                  const std::string& destination) {
+  // A link back to a directory the walk stands in is not followed again.
+  TWalkStep step(walk_path_, ExtractFilePath(spec));
+  if (!step.Entered()) return true;
   std::vector<std::string> subdirectories;
   if (!CopyMatches(log, spec, count, destination, subdirectories)) return false;
   const std::string dir = ExtractFilePath(spec);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "framework/jxaction.h"
+#include "platform/fileidentity.h"
 
 namespace jx {
 
@@ -67,6 +68,7 @@ class TCustomCopyFilesAction : public TJXAction {
   int32_t FErrorCount = 0;
 
  private:
+  TWalkPath walk_path_;  // the directories the copy walk stands in
   bool CopyMatches(TStrings& log, const std::string& spec, int32_t& count, const std::string& destination,
                    std::vector<std::string>& subdirectories);
 };

@@ -5,6 +5,7 @@
 
 #include "actions/files/filewalk.h"
 #include "platform/attributes.h"
+#include "platform/fileidentity.h"
 #include "platform/findfile.h"
 #include "platform/lasterror.h"
 #include "rtl/paths.h"
@@ -109,6 +110,9 @@ bool TCustomSetFileAttributesAction::Run(TStrings& log) {
 // whatever its name, listed by the same search. False when a search failed.
 bool TCustomSetFileAttributesAction::DoRecursiveAction(TStrings& log, const std::string& spec, bool recurse) {
   const std::string dir = ExtractFilePath(spec);
+  // A link back to a directory the walk stands in is not followed again.
+  TWalkStep step(walk_path_, dir);
+  if (!step.Entered()) return true;
   std::vector<std::string> subdirectories;
   TFindMatches matches(spec, faAnyFile, TFindDetail::Full, recurse ? TFindDirs::AnyName : TFindDirs::MatchingMask);
   for (const TSearchRec& rec : matches) {

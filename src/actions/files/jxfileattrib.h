@@ -7,6 +7,7 @@
 #include <string>
 
 #include "framework/jxaction.h"
+#include "platform/fileidentity.h"
 
 namespace jx {
 
@@ -61,6 +62,8 @@ class TCustomSetFileAttributesAction : public TJXAction {
  private:
   bool NothingToDo() const;
   bool Run(TStrings& log);
+
+  TWalkPath walk_path_;  // the directories the walk stands in
 };
 
 class TSetFileAttributesAction : public TCustomSetFileAttributesAction {

@@ -6,6 +6,7 @@
 #include "actions/files/filewalk.h"
 #include "platform/attributes.h"
 #include "platform/clock.h"
+#include "platform/fileidentity.h"
 #include "platform/filetime.h"
 #include "platform/findfile.h"
 #include "platform/lasterror.h"
@@ -129,6 +130,9 @@ bool TCustomTouchFilesAction::Execute() {
 // error above it can end in success: the action's established outcome. A
 // search that fails ends this level with its error's text.
 bool TCustomTouchFilesAction::ProcessFiles(const std::string& spec) {
+  // A link back to a directory the walk stands in is not followed again.
+  TWalkStep step(walk_path_, ExtractFilePath(spec));
+  if (!step.Entered()) return true;
   try {
     std::vector<std::string> subdirectories;
     bool result = TouchMatches(spec, subdirectories);

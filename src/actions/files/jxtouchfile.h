@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "framework/jxaction.h"
+#include "platform/fileidentity.h"
 #include "rtl/datetime.h"
 
 namespace jx {
@@ -64,6 +65,7 @@ class TCustomTouchFilesAction : public TJXAction {
   int32_t FFileCount = 0;
 
  private:
+  TWalkPath walk_path_;  // the directories the walk stands in
   void LogStatus(const std::string& line);
   bool TouchMatches(const std::string& spec, std::vector<std::string>& subdirectories);
   TDateTime NewTimeOf(TDateTime current) const;

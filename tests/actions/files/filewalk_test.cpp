@@ -63,5 +63,42 @@ TEST(FileActionSearchError, EndsInTheActionsFailure) {
   }
 }
 
+// Links are followed, but a link back up the tree leads into a directory the
+// walk stands in, which is not entered again.
+TEST(FileActionWalk, LinkBackUpTheTreeIsNotWalkedAgain) {
+  test::TempDir dir;
+  const std::string a = dir.WriteFile("src/a.txt"), b = dir.WriteFile("src/sub/b.txt");
+  std::filesystem::create_directory_symlink("..", dir / "src/sub/back");
+  const std::string spec = dir / "src/*.txt", out = dir / "out";
+  const std::pair<std::pair<bool, Lines>, Lines> rows[] = {
+      {RunOn<TCopyFilesAction>([&](auto& a) {
+         a.SetFileSpec(spec);
+         a.SetTarget(out);
+         a.SetRecurse(true);
+         a.SetTargetIsDir(true);
+         a.SetForceDir(true);
+       }),
+       {"Copying files : " + spec + " -> " + out, "2 Files Copied."}},
+      {RunOn<TTouchFilesAction>([&](auto& a) {
+         a.SetFileSpec(spec);
+         a.SetRecurse(true);
+       }),
+       {"Processed : 2 File(s)"}},
+      {RunOn<TSetFileAttributesAction>([&](auto& a) {
+         a.SetFileSpec(spec);
+         a.SetRecurse(true);
+         a.SetArchive(asSet);
+         a.SetLogAllFiles(true);
+       }),
+       {"Processed File : " + a, "Processed File : " + b}},
+  };
+  for (const auto& [outcome, lines] : rows) {
+    EXPECT_TRUE(outcome.first) << lines[0];
+    EXPECT_EQ(lines, outcome.second);
+  }
+  EXPECT_TRUE(std::filesystem::exists(out + "/sub/b.txt"));
+  EXPECT_FALSE(std::filesystem::exists(out + "/sub/back"));
+}
+
 }  // namespace
 }  // namespace jx
