@@ -93,15 +93,10 @@ bool TCreateDirectoryAction::Execute() {
     dir = Trim(ExpandExpression(FFileOrDirectory, true));
     if (dir.empty()) return true;
     const bool result = DirectoryExists(dir) || MakeDir(dir);
-    IJXActionLogMessagePtr block = CreateStatusMessage();
-    block->GetLines().Add((result ? "Created directory : " : "Unable to Create directory : ") + dir);
-    SendStatusMessage(block);
+    SendStatusLines({(result ? "Created directory : " : "Unable to Create directory : ") + dir});
     return result;
   } catch (const std::exception& e) {
-    IJXActionLogMessagePtr block = CreateStatusMessage();
-    block->GetLines().Add("Unable to Create directory : " + dir);
-    block->GetLines().Add(e.what());
-    SendStatusMessage(block);
+    SendStatusLines({"Unable to Create directory : " + dir, e.what()});
     return false;
   }
 }
@@ -177,10 +172,7 @@ bool TDeleteDirectoryAction::Execute() {
     if (!DeleteDir(target)) RaiseLastOSError();
     return true;
   } catch (const std::exception& e) {
-    IJXActionLogMessagePtr block = CreateStatusMessage();
-    block->GetLines().Add("Unable to Delete Directory : " + dir);
-    block->GetLines().Add(e.what());
-    SendStatusMessage(block);
+    SendStatusLines({"Unable to Delete Directory : " + dir, e.what()});
     return false;
   }
 }

@@ -72,15 +72,8 @@ std::string TCustomDeleteFilesAction::GetActionName() const { return "Delete Fil
 bool TCustomDeleteFilesAction::Execute() {
   FFilesAffected = 0;
   std::string spec;
-  try {
-    spec = Trim(ExpandExpression(FFileSpec, true));
-  } catch (const std::exception& e) {
-    IJXActionLogMessagePtr block = CreateStatusMessage();
-    block->GetLines().Add("Unable to Delete file : " + spec);
-    block->GetLines().Add(std::string("--> ") + e.what());
-    SendStatusMessage(block);
-    return false;
-  }
+  if (!ExpandOrLog(FFileSpec, spec, {"Unable to Delete file : "}, "--> ")) return false;
+  spec = Trim(spec);
   if (spec.empty()) return !FFailIfNoFile;
 
   IJXActionLogMessagePtr block = CreateStatusMessage();

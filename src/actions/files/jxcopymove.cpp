@@ -77,18 +77,11 @@ void TCustomCopyFilesAction::GetPropertyAlias(TStrings& list) const {
 // ---- Copy ----
 
 bool TCustomCopyFilesAction::ExpandPaths(const std::string& failure_headline, std::string& spec, std::string& target) {
-  try {
-    spec = Trim(ExpandExpression(FFileSpec, true));
-    if (spec.empty()) return false;
-    target = Trim(ExpandExpression(FTarget, true));
-    return !target.empty();
-  } catch (const std::exception& e) {
-    IJXActionLogMessagePtr block = CreateStatusMessage();
-    block->GetLines().Add(failure_headline + spec);
-    block->GetLines().Add(e.what());
-    SendStatusMessage(block);
-    return false;
-  }
+  if (!ExpandOrLog(FFileSpec, spec, {failure_headline})) return false;
+  spec = Trim(spec);
+  if (spec.empty() || !ExpandOrLog(FTarget, target, {failure_headline + spec})) return false;
+  target = Trim(target);
+  return !target.empty();
 }
 
 bool TCustomCopyFilesAction::Execute() {

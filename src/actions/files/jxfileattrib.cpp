@@ -77,32 +77,23 @@ bool TCustomSetFileAttributesAction::NothingToDo() const {
   return FReadOnly == asNone && FHidden == asNone && FSystemFile == asNone && FArchive == asNone;
 }
 
+// One status block holds every line. Per-file failures are logged and do not
+// change the result; a search that fails does.
 bool TCustomSetFileAttributesAction::Execute() {
-  IJXActionLogMessagePtr block = CreateStatusMessage();
-  const bool result = Run(block->GetLines());
-  SendStatusMessage(block);
-  return result;
-}
-
-// Per-file failures are logged and do not change the result; a search that
-// fails does.
-bool TCustomSetFileAttributesAction::Run(TStrings& log) {
   if (NothingToDo()) {
-    log.Add("Nothing to do!");
+    SendStatusLines({"Nothing to do!"});
     return false;
   }
   std::string spec;
-  try {
-    spec = ExpandExpression(FFileSpec, true);
-  } catch (const std::exception& e) {
-    log.Add(std::string("Error processing File Spec : ") + e.what());
-    return false;
-  }
+  if (!ExpandOrLog(FFileSpec, spec, {}, "Error processing File Spec : ")) return false;
   if (spec.empty()) {
-    log.Add("Nothing to do!");
+    SendStatusLines({"Nothing to do!"});
     return false;
   }
-  return DoRecursiveAction(log, spec, FRecurse);
+  IJXActionLogMessagePtr block = CreateStatusMessage();
+  const bool result = DoRecursiveAction(block->GetLines(), spec, FRecurse);
+  SendStatusMessage(block);
+  return result;
 }
 
 // The files that match `spec` (a spec without wildcards names one at most),

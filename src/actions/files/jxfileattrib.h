@@ -61,7 +61,6 @@ class TCustomSetFileAttributesAction : public TJXAction {
 
  private:
   bool NothingToDo() const;
-  bool Run(TStrings& log);
 
   TWalkPath walk_path_;  // the directories the walk stands in
 };

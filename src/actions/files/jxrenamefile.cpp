@@ -22,7 +22,8 @@ std::string TCustomRenameFilesAction::GetActionName() const { return "Rename Fil
 bool TCustomRenameFilesAction::Execute() {
   std::string source;
   std::string target;
-  if (!TryExpand(FSourceSpec, source) || !TryExpand(FTargetSpec, target)) return false;
+  // An expansion error is logged as a status message of its own text.
+  if (!ExpandOrLog(FSourceSpec, source, {}) || !ExpandOrLog(FTargetSpec, target, {})) return false;
   const std::string dir = ExtractFilePath(source);
   std::string new_name;
   TFindMatches matches(source, faAnyFile, TFindDetail::Kind);
@@ -33,19 +34,6 @@ bool TCustomRenameFilesAction::Execute() {
   // A search that fails is logged like an expansion error: its text alone.
   if (matches.Error() != 0) SendStatusLines({SysErrorMessage(matches.Error())});
   return false;
-}
-
-// An expansion error is logged as a status message of its own text.
-bool TCustomRenameFilesAction::TryExpand(const std::string& text, std::string& result) {
-  try {
-    result = ExpandExpression(text, true);
-    return true;
-  } catch (const std::exception& e) {
-    IJXActionLogMessagePtr block = CreateStatusMessage();
-    block->GetLines().Add(e.what());
-    SendStatusMessage(block);
-    return false;
-  }
 }
 
 std::string TCustomRenameFilesAction::GetNewFileName(const std::string& found, const std::string& target,

@@ -29,9 +29,6 @@ class TCustomRenameFilesAction : public TJXAction {
  protected:
   std::string FSourceSpec;
   std::string FTargetSpec;
-
- private:
-  bool TryExpand(const std::string& text, std::string& result);
 };
 
 class TRenameFilesAction : public TCustomRenameFilesAction {

@@ -113,16 +113,16 @@ bool TCustomTouchFilesAction::Execute() {
   if (FUseNow) SetDateTime(Now());
   const std::string spec = ExpandExpression(FFileSpec, true);
   if (spec.empty()) {
-    LogStatus("File Spec is blank!");
+    SendStatusLines({"File Spec is blank!"});
     return false;
   }
   if (!FTouchDate && !FTouchTime) {
-    LogStatus(" Touch Date and TouchTime are not set, nothing to do");
+    SendStatusLines({" Touch Date and TouchTime are not set, nothing to do"});
     return false;
   }
   FFileCount = 0;
   const bool result = ProcessFiles(spec);
-  LogStatus("Processed : " + IntToStr(FFileCount) + " File(s)");
+  SendStatusLines({"Processed : " + IntToStr(FFileCount) + " File(s)"});
   return result;
 }
 
@@ -142,7 +142,7 @@ bool TCustomTouchFilesAction::ProcessFiles(const std::string& spec) {
     }
     return result;
   } catch (const std::exception& e) {
-    LogStatus(e.what());
+    SendStatusLines({e.what()});
     return false;
   }
 }
@@ -159,9 +159,10 @@ bool TCustomTouchFilesAction::TouchMatches(const std::string& spec, std::vector<
   for (const TSearchRec& rec : matches) {
     if (rec.Attr & faDirectory) {
       if (IsWalkedInto(rec)) subdirectories.push_back(rec.Name);
-    } else if (result && !TouchFile(JoinPath(dir, rec.Name))) {
-      LogStatus("Error touching File : " + JoinPath(dir, rec.Name));
-      result = false;
+    } else if (result) {
+      const std::string path = JoinPath(dir, rec.Name);
+      result = TouchFile(path);
+      if (!result) SendStatusLines({"Error touching File : " + path});
     }
   }
   if (matches.Error() != 0) throw EOSError(matches.Error(), SysErrorMessage(matches.Error()));
@@ -198,12 +199,6 @@ TDateTime TCustomTouchFilesAction::NewTimeOf(TDateTime current) const {
   if (FTouchDate) date = std::trunc(FDateTime);
   if (FTouchTime) time_of_day = FDateTime - std::trunc(FDateTime);
   return date + time_of_day;
-}
-
-void TCustomTouchFilesAction::LogStatus(const std::string& line) {
-  IJXActionLogMessagePtr block = CreateStatusMessage();
-  block->GetLines().Add(line);
-  SendStatusMessage(block);
 }
 
 const TJXClassInfo& TTouchFilesAction::ClassInfo() {

@@ -66,7 +66,6 @@ class TCustomTouchFilesAction : public TJXAction {
 
  private:
   TWalkPath walk_path_;  // the directories the walk stands in
-  void LogStatus(const std::string& line);
   bool TouchMatches(const std::string& spec, std::vector<std::string>& subdirectories);
   TDateTime NewTimeOf(TDateTime current) const;
 };
