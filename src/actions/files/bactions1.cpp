@@ -14,8 +14,6 @@ namespace jx {
 
 // ---- TFileOrDirectoryAction ----
 
-TFileOrDirectoryAction::TFileOrDirectoryAction() { FForce = false; }
-
 void TFileOrDirectoryAction::SetFileOrDirectory(const std::string& value) {
   UpdateKeyValue(0, FFileOrDirectory, value);
 }
@@ -112,12 +110,6 @@ const TJXClassInfo& TCreateDirectoryAction::ClassInfo() {
 }
 
 // ---- TDeleteDirectoryAction ----
-
-TDeleteDirectoryAction::TDeleteDirectoryAction() {
-  FDeleteTree = false;
-  FDeleteReadOnly = false;
-  FDeleteHidden = false;
-}
 
 bool TDeleteDirectoryAction::Validate(IJXActionValidationError& errors) {
   if (FFileOrDirectory.empty()) {
@@ -226,8 +218,6 @@ const TJXClassInfo& TDeleteDirectoryAction::ClassInfo() {
 
 const TEnumTypeInfo kFileExistsModeInfo =
     EnumTypeInfo<feIgnore>("TFileExistsMode", {"feFailIfExists", "feFailIfMissing", "feIgnore"});
-
-TFileExistsAction::TFileExistsAction() { FExistsMode = feFailIfMissing; }
 
 // The programmatic name is the caption here, unlike the other actions.
 bool TFileExistsAction::Validate(IJXActionValidationError& errors) {

@@ -21,18 +21,9 @@ bool LogFailure(TStrings& log, const std::string& name, uint32_t error) {
 
 }  // namespace
 
-TCustomDeleteFilesAction::TCustomDeleteFilesAction() {
-  FDeleteReadOnly = false;
-  FFailIfNoFile = true;
-}
-
 // The file spec is stored through the host's description-key round trip.
 // The key index is 1 although the action has one key only.
 void TCustomDeleteFilesAction::SetFileSpec(const std::string& value) { UpdateKeyValue(1, FFileSpec, value); }
-
-void TCustomDeleteFilesAction::SetFailIfNoFile(bool value) {
-  if (value != FFailIfNoFile) FFailIfNoFile = value;
-}
 
 std::string TCustomDeleteFilesAction::GetDescriptionKeyValue(int) const { return FFileSpec; }
 

@@ -23,8 +23,6 @@ bool HasReadOnlyBit(uint32_t attr) { return attr != kInvalidFileAttributes && (a
 
 // ---- TCustomCopyFilesAction: properties, description, validation ----
 
-TCustomCopyFilesAction::TCustomCopyFilesAction() { FFailIfZeroFiles = false; }
-
 // The file spec is stored through the host's description-key round trip.
 void TCustomCopyFilesAction::SetFileSpec(const std::string& value) { UpdateKeyValue(0, FFileSpec, value); }
 
@@ -204,8 +202,6 @@ const TJXClassInfo& TCopyFilesAction::ClassInfo() {
 }
 
 // ---- TMoveFilesAction ----
-
-TMoveFilesAction::TMoveFilesAction() { FStopOnAnyErrors = false; }
 
 std::string TMoveFilesAction::GetQuickHelpFilename() const { return "Plugins\\MoveFiles.html"; }
 

@@ -14,8 +14,6 @@ namespace jx {
 // The shared state and the copy walk; Move File(s) brings its own Execute.
 class TCustomCopyFilesAction : public TJXAction {
  public:
-  TCustomCopyFilesAction();
-
   bool Execute() override;
   std::string GetDescriptionKeyValue(int index) const override;
   void SetDescriptionKeyValue(int index, const std::string& value) override;
@@ -85,8 +83,6 @@ class TCopyFilesAction : public TCustomCopyFilesAction {
 
 class TMoveFilesAction : public TCustomCopyFilesAction {
  public:
-  TMoveFilesAction();
-
   bool Execute() override;
   std::string GetQuickHelpFilename() const override;
   int GetHelpTopicID() const override;

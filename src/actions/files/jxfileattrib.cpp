@@ -25,15 +25,6 @@ uint32_t Apply(uint32_t attributes, uint32_t bit, TAttributeSetting setting) {
 
 }  // namespace
 
-TCustomSetFileAttributesAction::TCustomSetFileAttributesAction() {
-  FRecurse = false;
-  FLogAllFiles = false;
-  FReadOnly = asNone;
-  FHidden = asNone;
-  FSystemFile = asNone;
-  FArchive = asNone;
-}
-
 std::string TCustomSetFileAttributesAction::GetActionName() const { return "Set File Attributes"; }
 
 std::string TCustomSetFileAttributesAction::GetQuickHelpFilename() const {

@@ -18,8 +18,6 @@ extern const TEnumTypeInfo kAttributeSettingInfo;
 
 class TCustomSetFileAttributesAction : public TJXAction {
  public:
-  TCustomSetFileAttributesAction();
-
   std::string GetActionName() const override;
   bool Execute() override;
   bool Validate(IJXActionValidationError& errors) override;

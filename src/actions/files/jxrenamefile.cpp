@@ -9,14 +9,6 @@
 
 namespace jx {
 
-void TCustomRenameFilesAction::SetSourceSpec(const std::string& value) {
-  if (value != FSourceSpec) FSourceSpec = value;
-}
-
-void TCustomRenameFilesAction::SetTargetSpec(const std::string& value) {
-  if (value != FTargetSpec) FTargetSpec = value;
-}
-
 std::string TCustomRenameFilesAction::GetActionName() const { return "Rename File(s)"; }
 
 bool TCustomRenameFilesAction::Execute() {

@@ -18,43 +18,6 @@
 
 namespace jx {
 
-TCustomTouchFilesAction::TCustomTouchFilesAction() {
-  FDateTime = Now();
-  FTouchDate = true;
-  FTouchTime = true;
-  FTouchReadOnly = false;
-  FRecurse = false;
-  FUseNow = false;
-}
-
-void TCustomTouchFilesAction::SetDateTime(TDateTime value) {
-  if (value != FDateTime) FDateTime = value;
-}
-
-void TCustomTouchFilesAction::SetFileSpec(const std::string& value) {
-  if (value != FFileSpec) FFileSpec = value;
-}
-
-void TCustomTouchFilesAction::SetTouchDate(bool value) {
-  if (value != FTouchDate) FTouchDate = value;
-}
-
-void TCustomTouchFilesAction::SetTouchTime(bool value) {
-  if (value != FTouchTime) FTouchTime = value;
-}
-
-void TCustomTouchFilesAction::SetTouchReadOnly(bool value) {
-  if (value != FTouchReadOnly) FTouchReadOnly = value;
-}
-
-void TCustomTouchFilesAction::SetRecurse(bool value) {
-  if (value != FRecurse) FRecurse = value;
-}
-
-void TCustomTouchFilesAction::SetUseNow(bool value) {
-  if (value != FUseNow) FUseNow = value;
-}
-
 // The user's short date and long time, as the property grid shows dates.
 std::string TCustomTouchFilesAction::DateTimeAsString() const {
   return FormatDateTime("c", FDateTime, LocaleFormatSettings());

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "framework/jxaction.h"
+#include "platform/clock.h"
 #include "platform/fileidentity.h"
 #include "rtl/datetime.h"
 
@@ -15,8 +16,6 @@ namespace jx {
 
 class TCustomTouchFilesAction : public TJXAction {
  public:
-  TCustomTouchFilesAction();
-
   std::string GetActionName() const override;
   bool Execute() override;
   bool Validate(IJXActionValidationError& errors) override;
@@ -27,19 +26,19 @@ class TCustomTouchFilesAction : public TJXAction {
   void GetPropertyHelp(TStrings& list) const override;
 
   TDateTime DateTime() const { return FDateTime; }
-  void SetDateTime(TDateTime value);
+  void SetDateTime(TDateTime value) { FDateTime = value; }
   const std::string& FileSpec() const { return FFileSpec; }
-  void SetFileSpec(const std::string& value);
+  void SetFileSpec(const std::string& value) { FFileSpec = value; }
   bool TouchDate() const { return FTouchDate; }
-  void SetTouchDate(bool value);
+  void SetTouchDate(bool value) { FTouchDate = value; }
   bool TouchTime() const { return FTouchTime; }
-  void SetTouchTime(bool value);
+  void SetTouchTime(bool value) { FTouchTime = value; }
   bool TouchReadOnly() const { return FTouchReadOnly; }
-  void SetTouchReadOnly(bool value);
+  void SetTouchReadOnly(bool value) { FTouchReadOnly = value; }
   bool Recurse() const { return FRecurse; }
-  void SetRecurse(bool value);
+  void SetRecurse(bool value) { FRecurse = value; }
   bool UseNow() const { return FUseNow; }
-  void SetUseNow(bool value);
+  void SetUseNow(bool value) { FUseNow = value; }
   // A placeholder of the property grid: reads "Edit...", ignores what is
   // written; its editor edits DateTime.
   std::string DateTimeString() const { return "Edit..."; }
@@ -55,7 +54,7 @@ class TCustomTouchFilesAction : public TJXAction {
   bool ProcessFiles(const std::string& spec);
   bool TouchFile(const std::string& path);
 
-  TDateTime FDateTime = 0;
+  TDateTime FDateTime = Now();  // the moment the action is made
   std::string FFileSpec;
   bool FTouchDate = true;
   bool FTouchTime = true;
