@@ -9,13 +9,29 @@
 #include "platform/findfile.h"
 #include "platform/lasterror.h"
 #include "rtl/paths.h"
+#include "rtl/strutils.h"
 
 namespace jx {
 
 const TEnumTypeInfo kAttributeSettingInfo =
     EnumTypeInfo<asClear>("TAttributeSetting", {"asNone", "asSet", "asClear"}, std::array{"Don't Touch", "Set", "Clear"});
 
+TAttributeSetting FileAttributeEditorValue(std::string_view text) {
+  if (SameText(text, "SET")) return asSet;
+  if (SameText(text, "CLEAR")) return asClear;
+  return asNone;
+}
+
 namespace {
+
+std::string AttributeSettingWord(const TQSXMLObject& object, const TPropertyInfo& property) {
+  const int ordinal = kAttributeSettingInfo.OrdinalOf(property.GetText(object));
+  return kAttributeSettingInfo.Captions.at(static_cast<size_t>(ordinal));
+}
+
+void StoreAttributeSetting(TQSXMLObject& object, const TPropertyInfo& property, std::string_view text) {
+  property.SetText(object, kAttributeSettingInfo.NameOf(FileAttributeEditorValue(text)));
+}
 
 uint32_t Apply(uint32_t attributes, uint32_t bit, TAttributeSetting setting) {
   if (setting == asSet && (attributes & bit) == 0) return attributes | bit;
@@ -24,6 +40,9 @@ uint32_t Apply(uint32_t attributes, uint32_t bit, TAttributeSetting setting) {
 }
 
 }  // namespace
+
+const TJXPropertyEditorClass TFileAttributeEditor{
+    "TFileAttributeEditor", "", "", "", &AttributeSettingWord, &StoreAttributeSetting};
 
 std::string TCustomSetFileAttributesAction::GetActionName() const { return "Set File Attributes"; }
 

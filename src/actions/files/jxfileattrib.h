@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "framework/jxaction.h"
 #include "platform/fileidentity.h"
@@ -15,6 +16,13 @@ enum TAttributeSetting { asNone, asSet, asClear };
 // Value names, and the words the property grid shows ("Don't Touch", "Set",
 // "Clear"); a project file may use either.
 extern const TEnumTypeInfo kAttributeSettingInfo;
+
+// The property grid's editor of the four settings: it shows the words "Don't
+// Touch", "Set" and "Clear"; typed text follows FileAttributeEditorValue.
+extern const TJXPropertyEditorClass TFileAttributeEditor;
+// The attribute editor's rule for typed text, in any case: "SET" is asSet,
+// "CLEAR" is asClear, anything else asNone.
+TAttributeSetting FileAttributeEditorValue(std::string_view text);
 
 class TCustomSetFileAttributesAction : public TJXAction {
  public:

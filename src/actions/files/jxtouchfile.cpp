@@ -18,6 +18,26 @@
 
 namespace jx {
 
+namespace {
+
+// The placeholder's editor works on the object's "DateTimeAsString".
+const TPropertyInfo& DateTimeText(const TQSXMLObject& object) {
+  return *object.GetClassInfo().FindProperty("DateTimeAsString");
+}
+
+std::string TouchDateText(const TQSXMLObject& object, const TPropertyInfo&) {
+  return DateTimeText(object).GetText(object);
+}
+
+void StoreTouchDate(TQSXMLObject& object, const TPropertyInfo&, std::string_view text) {
+  DateTimeText(object).SetText(object, text);
+}
+
+}  // namespace
+
+const TJXPropertyEditorClass TTouchFilesDateEditor{
+    "TTouchFilesDateEditor", "", "", "", &TouchDateText, &StoreTouchDate};
+
 // The user's short date and long time, as the property grid shows dates.
 std::string TCustomTouchFilesAction::DateTimeAsString() const {
   return FormatDateTime("c", FDateTime, LocaleFormatSettings());

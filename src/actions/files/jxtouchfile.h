@@ -69,6 +69,10 @@ class TCustomTouchFilesAction : public TJXAction {
   TDateTime NewTimeOf(TDateTime current) const;
 };
 
+// The property grid's editor of the "DateTimeString" placeholder: it shows and
+// edits the action's DateTime as text (through "DateTimeAsString").
+extern const TJXPropertyEditorClass TTouchFilesDateEditor;
+
 class TTouchFilesAction : public TCustomTouchFilesAction {
  public:
   static const TJXClassInfo& ClassInfo();
