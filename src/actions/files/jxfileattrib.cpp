@@ -106,15 +106,26 @@ bool TCustomSetFileAttributesAction::Execute() {
   return result;
 }
 
-// The files that match `spec` (a spec without wildcards names one at most),
-// then, with `recurse`, every subdirectory that is neither hidden nor system,
-// whatever its name, listed by the same search. False when a search failed.
 bool TCustomSetFileAttributesAction::DoRecursiveAction(TStrings& log, const std::string& spec, bool recurse) {
   const std::string dir = ExtractFilePath(spec);
   // A link back to a directory the walk stands in is not followed again.
   TWalkStep step(walk_path_, dir);
   if (!step.Entered()) return true;
   std::vector<std::string> subdirectories;
+  if (!ProcessMatches(log, spec, recurse, subdirectories)) return false;
+  bool searched = true;
+  for (const std::string& name : subdirectories) {
+    searched = DoRecursiveAction(log, JoinPath(JoinPath(dir, name), ExtractFileName(spec)), true) && searched;
+  }
+  return searched;
+}
+
+// The files that match `spec` (a spec without wildcards names one at most);
+// with `recurse` the same search lists every subdirectory that is neither
+// hidden nor system, whatever its name. False when the search failed (logged).
+bool TCustomSetFileAttributesAction::ProcessMatches(TStrings& log, const std::string& spec, bool recurse,
+                                                    std::vector<std::string>& subdirectories) {
+  const std::string dir = ExtractFilePath(spec);
   TFindMatches matches(spec, faAnyFile, TFindDetail::Full, recurse ? TFindDirs::AnyName : TFindDirs::MatchingMask);
   for (const TSearchRec& rec : matches) {
     if ((rec.Attr & faDirectory) == 0) {
@@ -123,15 +134,9 @@ bool TCustomSetFileAttributesAction::DoRecursiveAction(TStrings& log, const std:
       subdirectories.push_back(rec.Name);
     }
   }
-  if (matches.Error() != 0) {
-    log.Add("Error processing File Spec : " + SysErrorMessage(matches.Error()));
-    return false;
-  }
-  bool searched = true;
-  for (const std::string& name : subdirectories) {
-    searched = DoRecursiveAction(log, JoinPath(JoinPath(dir, name), ExtractFileName(spec)), true) && searched;
-  }
-  return searched;
+  if (matches.Error() == 0) return true;
+  log.Add("Error processing File Spec : " + SysErrorMessage(matches.Error()));
+  return false;
 }
 
 void TCustomSetFileAttributesAction::ProcessFile(TStrings& log, const std::string& path, uint32_t attributes) {

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "framework/jxaction.h"
 #include "platform/fileidentity.h"
@@ -67,6 +68,7 @@ class TCustomSetFileAttributesAction : public TJXAction {
 
  private:
   bool NothingToDo() const;
+  bool ProcessMatches(TStrings& log, const std::string& spec, bool recurse, std::vector<std::string>& subdirectories);
 
   TWalkPath walk_path_;  // the directories the walk stands in
 };
