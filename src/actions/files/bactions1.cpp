@@ -195,8 +195,12 @@ bool TDeleteDirectoryAction::DelTree(const std::string& mask) const {
   TFindMatches matches(mask, faAnyFile, TFindDetail::Kind);
   for (const TSearchRec& rec : matches) {
     const std::string path = JoinPath(dir, rec.Name);
-    if (!(rec.Attr & faDirectory) && FDeleteReadOnly) FileSetAttr(path, faNormal);
-    if (!((rec.Attr & faDirectory) ? RemoveTree(path) : RemoveFile(path))) return false;
+    if (rec.Attr & faDirectory) {
+      if (!RemoveTree(path)) return false;
+      continue;
+    }
+    if (FDeleteReadOnly) FileSetAttr(path, faNormal);
+    if (!RemoveFile(path)) return false;
   }
   if (matches.Error() == 0) return true;
   SetLastError(static_cast<uint32_t>(matches.Error()));
