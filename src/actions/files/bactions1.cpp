@@ -14,8 +14,6 @@ namespace jx {
 
 // ---- TFileOrDirectoryAction ----
 
-TFileOrDirectoryAction::TFileOrDirectoryAction() { FForce = false; }
-
 void TFileOrDirectoryAction::SetFileOrDirectory(const std::string& value) {
   UpdateKeyValue(0, FFileOrDirectory, value);
 }
@@ -93,15 +91,10 @@ bool TCreateDirectoryAction::Execute() {
     dir = Trim(ExpandExpression(FFileOrDirectory, true));
     if (dir.empty()) return true;
     const bool result = DirectoryExists(dir) || MakeDir(dir);
-    IJXActionLogMessagePtr block = CreateStatusMessage();
-    block->GetLines().Add((result ? "Created directory : " : "Unable to Create directory : ") + dir);
-    SendStatusMessage(block);
+    SendStatusLines({(result ? "Created directory : " : "Unable to Create directory : ") + dir});
     return result;
   } catch (const std::exception& e) {
-    IJXActionLogMessagePtr block = CreateStatusMessage();
-    block->GetLines().Add("Unable to Create directory : " + dir);
-    block->GetLines().Add(e.what());
-    SendStatusMessage(block);
+    SendStatusLines({"Unable to Create directory : " + dir, e.what()});
     return false;
   }
 }
@@ -117,12 +110,6 @@ const TJXClassInfo& TCreateDirectoryAction::ClassInfo() {
 }
 
 // ---- TDeleteDirectoryAction ----
-
-TDeleteDirectoryAction::TDeleteDirectoryAction() {
-  FDeleteTree = false;
-  FDeleteReadOnly = false;
-  FDeleteHidden = false;
-}
 
 bool TDeleteDirectoryAction::Validate(IJXActionValidationError& errors) {
   if (FFileOrDirectory.empty()) {
@@ -177,10 +164,7 @@ bool TDeleteDirectoryAction::Execute() {
     if (!DeleteDir(target)) RaiseLastOSError();
     return true;
   } catch (const std::exception& e) {
-    IJXActionLogMessagePtr block = CreateStatusMessage();
-    block->GetLines().Add("Unable to Delete Directory : " + dir);
-    block->GetLines().Add(e.what());
-    SendStatusMessage(block);
+    SendStatusLines({"Unable to Delete Directory : " + dir, e.what()});
     return false;
   }
 }
@@ -204,27 +188,23 @@ bool TDeleteDirectoryAction::RemoveTree(const std::string& dir) const {
 }
 
 // Deletes everything that `mask` finds, depth first, and stops at the first
-// entry that cannot go; what was deleted before stays deleted.
+// entry that cannot go (or a search that fails), with its error as the last
+// error; what was deleted before stays deleted.
 bool TDeleteDirectoryAction::DelTree(const std::string& mask) const {
-  TSearchRec rec;
-  if (FindFirst(mask, faAnyFile, rec, TFindDetail::Kind) != 0) return true;
   const std::string dir = ExtractFilePath(mask);
-  bool result = true;
-  do {
+  TFindMatches matches(mask, faAnyFile, TFindDetail::Kind);
+  for (const TSearchRec& rec : matches) {
     const std::string path = JoinPath(dir, rec.Name);
     if (rec.Attr & faDirectory) {
-      if (rec.Name == "." || rec.Name == "..") continue;
-      result = RemoveTree(path);
-    } else {
-      if (FDeleteReadOnly) FileSetAttr(path, faNormal);
-      result = RemoveFile(path);
+      if (!RemoveTree(path)) return false;
+      continue;
     }
-  } while (result && FindNext(rec) == 0);
-  // The caller reports the failing call's error, which closing must not replace.
-  const uint32_t error = GetLastError();
-  FindClose(rec);
-  SetLastError(error);
-  return result;
+    if (FDeleteReadOnly) FileSetAttr(path, faNormal);
+    if (!RemoveFile(path)) return false;
+  }
+  if (matches.Error() == 0) return true;
+  SetLastError(static_cast<uint32_t>(matches.Error()));
+  return false;
 }
 
 const TJXClassInfo& TDeleteDirectoryAction::ClassInfo() {
@@ -242,8 +222,6 @@ const TJXClassInfo& TDeleteDirectoryAction::ClassInfo() {
 
 const TEnumTypeInfo kFileExistsModeInfo =
     EnumTypeInfo<feIgnore>("TFileExistsMode", {"feFailIfExists", "feFailIfMissing", "feIgnore"});
-
-TFileExistsAction::TFileExistsAction() { FExistsMode = feFailIfMissing; }
 
 // The programmatic name is the caption here, unlike the other actions.
 bool TFileExistsAction::Validate(IJXActionValidationError& errors) {

@@ -19,8 +19,6 @@ using TFileDirFlags = uint32_t;  // a set of TFileDirFlag (SetOf / InSet)
 // description key, and the option to create missing parents.
 class TFileOrDirectoryAction : public TJXAction {
  public:
-  TFileOrDirectoryAction();
-
   std::string GetDescriptionKeyValue(int index) const override;
   void SetDescriptionKeyValue(int index, const std::string& value) override;
   void GetPropertyHelp(TStrings& list) const override;
@@ -56,8 +54,6 @@ class TCreateDirectoryAction : public TFileOrDirectoryAction {
 
 class TDeleteDirectoryAction : public TFileOrDirectoryAction {
  public:
-  TDeleteDirectoryAction();
-
   bool Execute() override;
   bool Validate(IJXActionValidationError& errors) override;
   void GetHiddenProperties(TStrings& list) const override;
@@ -95,8 +91,6 @@ extern const TEnumTypeInfo kFileExistsModeInfo;
 
 class TFileExistsAction : public TJXAction {
  public:
-  TFileExistsAction();
-
   bool Execute() override;
   bool Validate(IJXActionValidationError& errors) override;
   void GetHiddenProperties(TStrings& list) const override;
@@ -143,8 +137,6 @@ extern const TEnumTypeInfo kSetVariableForceTypeInfo;
 
 class TCustomSetVariableAction : public TJXAction {
  public:
-  TCustomSetVariableAction();
-
   bool Execute() override;
   std::string GetDescriptionFormatString() const override;
   std::string GetDescriptionKeyValue(int index) const override;

@@ -82,13 +82,6 @@ Variant AutoTyped(const std::string& text) {
 
 }  // namespace
 
-TCustomSetVariableAction::TCustomSetVariableAction() {
-  FModifier = smNone;
-  FApplyToExisting = false;
-  FForceType = ftDefault;
-  FExpandNewValue = true;
-}
-
 void TCustomSetVariableAction::SetVariableName(const std::string& value) {
   UpdateKeyValue(0, FVariableName, value);
 }

@@ -9,18 +9,21 @@
 
 namespace jx {
 
-TCustomDeleteFilesAction::TCustomDeleteFilesAction() {
-  FDeleteReadOnly = false;
-  FFailIfNoFile = true;
+namespace {
+
+// Logs the two failure lines for `name` (a file, or the spec whose search
+// failed) and returns false.
+bool LogFailure(TStrings& log, const std::string& name, uint32_t error) {
+  log.Add(" --> Error Deleting File : " + name);
+  log.Add(" --> " + SysErrorMessage(error));
+  return false;
 }
+
+}  // namespace
 
 // The file spec is stored through the host's description-key round trip.
 // The key index is 1 although the action has one key only.
 void TCustomDeleteFilesAction::SetFileSpec(const std::string& value) { UpdateKeyValue(1, FFileSpec, value); }
-
-void TCustomDeleteFilesAction::SetFailIfNoFile(bool value) {
-  if (value != FFailIfNoFile) FFailIfNoFile = value;
-}
 
 std::string TCustomDeleteFilesAction::GetDescriptionKeyValue(int) const { return FFileSpec; }
 
@@ -60,15 +63,8 @@ std::string TCustomDeleteFilesAction::GetActionName() const { return "Delete Fil
 bool TCustomDeleteFilesAction::Execute() {
   FFilesAffected = 0;
   std::string spec;
-  try {
-    spec = Trim(ExpandExpression(FFileSpec, true));
-  } catch (const std::exception& e) {
-    IJXActionLogMessagePtr block = CreateStatusMessage();
-    block->GetLines().Add("Unable to Delete file : " + spec);
-    block->GetLines().Add(std::string("--> ") + e.what());
-    SendStatusMessage(block);
-    return false;
-  }
+  if (!ExpandOrLog(FFileSpec, spec, {"Unable to Delete file : "}, "--> ")) return false;
+  spec = Trim(spec);
   if (spec.empty()) return !FFailIfNoFile;
 
   IJXActionLogMessagePtr block = CreateStatusMessage();
@@ -84,25 +80,17 @@ bool TCustomDeleteFilesAction::Execute() {
 }
 
 // Deletes every match of `spec` in the order the search returns them; stops at
-// the first file that cannot be deleted.
+// the first file that cannot be deleted, or at a search that fails.
 bool TCustomDeleteFilesAction::DeleteMatches(const std::string& spec, TStrings& log, int32_t& deleted) {
-  TSearchRec rec;
-  if (FindFirst(spec, faReadOnly | faHidden, rec, TFindDetail::Kind) != 0) return true;
   const std::string dir = ExtractFilePath(spec);
-  bool result = true;
-  do {
+  TFindMatches matches(spec, faReadOnly | faHidden, TFindDetail::Kind);
+  for (const TSearchRec& rec : matches) {
     const std::string file_name = JoinPath(dir, rec.Name);
     const TDeleteOutcome outcome = DeleteOne(file_name);
-    if (outcome == TDeleteOutcome::Failed) {
-      log.Add(" --> Error Deleting File : " + file_name);
-      log.Add(" --> " + SysErrorMessage(GetLastError()));
-      result = false;
-      break;
-    }
+    if (outcome == TDeleteOutcome::Failed) return LogFailure(log, file_name, GetLastError());
     if (outcome == TDeleteOutcome::Deleted) ++deleted;
-  } while (FindNext(rec) == 0);
-  FindClose(rec);
-  return result;
+  }
+  return matches.Error() == 0 || LogFailure(log, spec, matches.Error());
 }
 
 // Clears the attributes the options allow, then deletes. A delete that claims

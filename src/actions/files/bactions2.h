@@ -11,8 +11,6 @@ namespace jx {
 
 class TCustomDeleteFilesAction : public TJXAction {
  public:
-  TCustomDeleteFilesAction();
-
   bool Execute() override;
   std::string GetDescriptionKeyValue(int index) const override;
   void SetDescriptionKeyValue(int index, const std::string& value) override;
@@ -30,14 +28,14 @@ class TCustomDeleteFilesAction : public TJXAction {
   bool DeleteHidden() const { return FDeleteHidden; }
   void SetDeleteHidden(bool value) { FDeleteHidden = value; }
   bool FailIfNoFile() const { return FFailIfNoFile; }
-  void SetFailIfNoFile(bool value);
+  void SetFailIfNoFile(bool value) { FFailIfNoFile = value; }
   int32_t FilesAffected() const { return FFilesAffected; }
 
  protected:
   std::string FFileSpec;
   bool FDeleteReadOnly = false;
   bool FDeleteHidden = false;
-  bool FFailIfNoFile = false;
+  bool FFailIfNoFile = true;
   int32_t FFilesAffected = 0;
 
  private:

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "actions/files/filewalk.h"
 #include "platform/attributes.h"
 #include "platform/copymove.h"
 #include "platform/directories.h"
@@ -16,35 +17,11 @@ namespace jx {
 
 namespace {
 
-bool HasWildcards(const std::string& spec) { return spec.find_first_of("*?") != std::string::npos; }
-
 bool HasReadOnlyBit(uint32_t attr) { return attr != kInvalidFileAttributes && (attr & faReadOnly); }
-
-// "*" and "*.*" match every name.
-bool IsEveryName(const std::string& mask) { return mask == "*" || mask == "*.*"; }
-
-// The subdirectories a recursive copy descends into: what a search for
-// directories admits (neither hidden nor system), without "." and "..".
-bool IsRecursedInto(const TSearchRec& rec) {
-  return (rec.Attr & faDirectory) && !(rec.Attr & (faHidden | faSysFile)) && rec.Name != "." && rec.Name != "..";
-}
-
-std::vector<std::string> ListSubdirectories(const std::string& dir) {
-  std::vector<std::string> names;
-  TSearchRec rec;
-  if (FindFirst(JoinPath(dir, "*"), faDirectory, rec, TFindDetail::Kind) != 0) return names;
-  do {
-    if (IsRecursedInto(rec)) names.push_back(rec.Name);
-  } while (FindNext(rec) == 0);
-  FindClose(rec);
-  return names;
-}
 
 }  // namespace
 
 // ---- TCustomCopyFilesAction: properties, description, validation ----
-
-TCustomCopyFilesAction::TCustomCopyFilesAction() { FFailIfZeroFiles = false; }
 
 // The file spec is stored through the host's description-key round trip.
 void TCustomCopyFilesAction::SetFileSpec(const std::string& value) { UpdateKeyValue(0, FFileSpec, value); }
@@ -98,18 +75,11 @@ void TCustomCopyFilesAction::GetPropertyAlias(TStrings& list) const {
 // ---- Copy ----
 
 bool TCustomCopyFilesAction::ExpandPaths(const std::string& failure_headline, std::string& spec, std::string& target) {
-  try {
-    spec = Trim(ExpandExpression(FFileSpec, true));
-    if (spec.empty()) return false;
-    target = Trim(ExpandExpression(FTarget, true));
-    return !target.empty();
-  } catch (const std::exception& e) {
-    IJXActionLogMessagePtr block = CreateStatusMessage();
-    block->GetLines().Add(failure_headline + spec);
-    block->GetLines().Add(e.what());
-    SendStatusMessage(block);
-    return false;
-  }
+  if (!ExpandOrLog(FFileSpec, spec, {failure_headline})) return false;
+  spec = Trim(spec);
+  if (spec.empty() || !ExpandOrLog(FTarget, target, {failure_headline + spec})) return false;
+  target = Trim(target);
+  return !target.empty();
 }
 
 bool TCustomCopyFilesAction::Execute() {
@@ -139,50 +109,46 @@ bool TCustomCopyFilesAction::Execute() {
 
 bool TCustomCopyFilesAction::DoRecursiveCopyMove(TStrings& log, const std::string& spec, int32_t& count,
                                                  const std::string& destination) {
+  // A link back to a directory the walk stands in is not followed again.
+  TWalkStep step(walk_path_, ExtractFilePath(spec));
+  if (!step.Entered()) return true;
+  std::vector<std::string> subdirectories;
+  if (!CopyMatches(log, spec, count, destination, subdirectories)) return false;
   const std::string dir = ExtractFilePath(spec);
   const std::string mask = ExtractFileName(spec);
-  // A search for every name already meets each subdirectory; others need a search of their own.
-  const bool lists_subdirectories = FRecurse && IsEveryName(mask);
-  std::vector<std::string> subdirectories;
-  const bool ok = CopyMatches(log, spec, count, destination, lists_subdirectories ? &subdirectories : nullptr);
-  if (!FRecurse || !ok) return ok;
-  if (!lists_subdirectories) subdirectories = ListSubdirectories(dir);
   // A failure inside a subdirectory is logged there but stops neither its
   // siblings nor the copy as a whole.
   for (const std::string& name : subdirectories) {
     DoRecursiveCopyMove(log, JoinPath(JoinPath(dir, name), mask), count, JoinPath(destination, name));
   }
-  return ok;
+  return true;
 }
 
-// Without wildcards only the first match is copied. Every match goes to the
-// same destination file unless the target is a directory. Subdirectories
-// met on the way are listed in `subdirectories` when it is given.
+// Copies the files that match `spec`; a spec without wildcards names one at
+// most. Every match goes to the same destination file unless the target is a
+// directory. With Recurse the same search also lists the subdirectories to
+// walk next, whatever their names.
 bool TCustomCopyFilesAction::CopyMatches(TStrings& log, const std::string& spec, int32_t& count,
-                                         const std::string& destination, std::vector<std::string>* subdirectories) {
-  TSearchRec rec;
-  if (FindFirst(spec, faAnyFile, rec, TFindDetail::Kind) != 0) return true;
-  const bool wild = HasWildcards(spec);
+                                         const std::string& destination, std::vector<std::string>& subdirectories) {
   const std::string dir = ExtractFilePath(spec);
   // Every match of one directory goes into the same destination directory,
   // so Force makes it once, before the first file.
   bool dest_dir_made = false;
-  do {
+  TFindMatches matches(spec, faAnyFile, TFindDetail::Kind, FRecurse ? TFindDirs::AnyName : TFindDirs::MatchingMask);
+  for (const TSearchRec& rec : matches) {
     if (rec.Attr & faDirectory) {
-      if (subdirectories && IsRecursedInto(rec)) subdirectories->push_back(rec.Name);
+      if (FRecurse && IsWalkedInto(rec)) subdirectories.push_back(rec.Name);
       continue;
     }
-    const std::string source = JoinPath(dir, rec.Name);
     const std::string dest = FTargetIsDir ? JoinPath(destination, rec.Name) : destination;
     if (FForce && !dest_dir_made) dest_dir_made = ForceDirectories(ExtractFileDir(dest));
-    if (!ProcessFile(log, source, dest)) {
-      FindClose(rec);
-      return false;
-    }
+    if (!ProcessFile(log, JoinPath(dir, rec.Name), dest)) return false;
     ++count;
-  } while (wild && FindNext(rec) == 0);
-  FindClose(rec);
-  return true;
+  }
+  if (matches.Error() == 0) return true;
+  log.Add("Failed to copy File : " + spec + " -> " + destination);
+  log.Add("Win32 Error : " + SysErrorMessage(matches.Error()));
+  return false;
 }
 
 bool TCustomCopyFilesAction::ProcessFile(TStrings& log, const std::string& source, const std::string& dest) {
@@ -237,8 +203,6 @@ const TJXClassInfo& TCopyFilesAction::ClassInfo() {
 
 // ---- TMoveFilesAction ----
 
-TMoveFilesAction::TMoveFilesAction() { FStopOnAnyErrors = false; }
-
 std::string TMoveFilesAction::GetQuickHelpFilename() const { return "Plugins\\MoveFiles.html"; }
 
 int TMoveFilesAction::GetHelpTopicID() const { return 555; }
@@ -260,19 +224,20 @@ bool TMoveFilesAction::Execute() {
   return result;
 }
 
-// Moves the files (not directories) of the top directory only. A stop fails
-// the run; failures that do not stop it only count in ErrorCount.
+// Moves the files (not directories) of the top directory only. A stop, or a
+// search that fails, fails the run; failures that do not stop it only count
+// in ErrorCount.
 bool TMoveFilesAction::MoveMatches(TStrings& log, const std::string& spec, const std::string& target) {
-  bool go_on = true;
-  TSearchRec rec;
-  if (FindFirst(spec, faReadOnly | faHidden, rec, TFindDetail::Kind) == 0) {
-    const std::string dir = ExtractFilePath(spec);
-    do {
-      go_on = MoveOne(log, JoinPath(dir, rec.Name), MoveDestination(target, rec.Name));
-    } while (go_on && FindNext(rec) == 0);
-    FindClose(rec);
+  const std::string dir = ExtractFilePath(spec);
+  TFindMatches matches(spec, faReadOnly | faHidden, TFindDetail::Kind);
+  for (const TSearchRec& rec : matches) {
+    if (!MoveOne(log, JoinPath(dir, rec.Name), MoveDestination(target, rec.Name))) return false;
   }
-  if (!go_on) return false;
+  if (matches.Error() != 0) {
+    log.Add(" --> Error Moving File : " + spec + " -> " + target);
+    log.Add(" --> " + SysErrorMessage(matches.Error()));
+    return false;
+  }
   return !(FFailIfZeroFiles && FFilesAffected == 0);
 }
 

@@ -7,14 +7,13 @@
 #include <vector>
 
 #include "framework/jxaction.h"
+#include "platform/fileidentity.h"
 
 namespace jx {
 
 // The shared state and the copy walk; Move File(s) brings its own Execute.
 class TCustomCopyFilesAction : public TJXAction {
  public:
-  TCustomCopyFilesAction();
-
   bool Execute() override;
   std::string GetDescriptionKeyValue(int index) const override;
   void SetDescriptionKeyValue(int index, const std::string& value) override;
@@ -67,8 +66,9 @@ class TCustomCopyFilesAction : public TJXAction {
   int32_t FErrorCount = 0;
 
  private:
+  TWalkPath walk_path_;  // the directories the copy walk stands in
   bool CopyMatches(TStrings& log, const std::string& spec, int32_t& count, const std::string& destination,
-                   std::vector<std::string>* subdirectories);
+                   std::vector<std::string>& subdirectories);
 };
 
 class TCopyFilesAction : public TCustomCopyFilesAction {
@@ -83,8 +83,6 @@ class TCopyFilesAction : public TCustomCopyFilesAction {
 
 class TMoveFilesAction : public TCustomCopyFilesAction {
  public:
-  TMoveFilesAction();
-
   bool Execute() override;
   std::string GetQuickHelpFilename() const override;
   int GetHelpTopicID() const override;

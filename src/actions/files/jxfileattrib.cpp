@@ -1,16 +1,37 @@
 #include "actions/files/jxfileattrib.h"
 
+#include <string>
+#include <vector>
+
+#include "actions/files/filewalk.h"
 #include "platform/attributes.h"
+#include "platform/fileidentity.h"
 #include "platform/findfile.h"
 #include "platform/lasterror.h"
 #include "rtl/paths.h"
+#include "rtl/strutils.h"
 
 namespace jx {
 
 const TEnumTypeInfo kAttributeSettingInfo =
     EnumTypeInfo<asClear>("TAttributeSetting", {"asNone", "asSet", "asClear"}, std::array{"Don't Touch", "Set", "Clear"});
 
+TAttributeSetting FileAttributeEditorValue(std::string_view text) {
+  if (SameText(text, "SET")) return asSet;
+  if (SameText(text, "CLEAR")) return asClear;
+  return asNone;
+}
+
 namespace {
+
+std::string AttributeSettingWord(const TQSXMLObject& object, const TPropertyInfo& property) {
+  const int ordinal = kAttributeSettingInfo.OrdinalOf(property.GetText(object));
+  return kAttributeSettingInfo.Captions.at(static_cast<size_t>(ordinal));
+}
+
+void StoreAttributeSetting(TQSXMLObject& object, const TPropertyInfo& property, std::string_view text) {
+  property.SetText(object, kAttributeSettingInfo.NameOf(FileAttributeEditorValue(text)));
+}
 
 uint32_t Apply(uint32_t attributes, uint32_t bit, TAttributeSetting setting) {
   if (setting == asSet && (attributes & bit) == 0) return attributes | bit;
@@ -18,20 +39,10 @@ uint32_t Apply(uint32_t attributes, uint32_t bit, TAttributeSetting setting) {
   return attributes;
 }
 
-bool HasWildcards(const std::string& spec) { return spec.find_first_of("*?") != std::string::npos; }
-
-bool IsDotEntry(const std::string& name) { return name == "." || name == ".."; }
-
 }  // namespace
 
-TCustomSetFileAttributesAction::TCustomSetFileAttributesAction() {
-  FRecurse = false;
-  FLogAllFiles = false;
-  FReadOnly = asNone;
-  FHidden = asNone;
-  FSystemFile = asNone;
-  FArchive = asNone;
-}
+const TJXPropertyEditorClass TFileAttributeEditor{
+    "TFileAttributeEditor", "", "", "", &AttributeSettingWord, &StoreAttributeSetting};
 
 std::string TCustomSetFileAttributesAction::GetActionName() const { return "Set File Attributes"; }
 
@@ -76,57 +87,56 @@ bool TCustomSetFileAttributesAction::NothingToDo() const {
   return FReadOnly == asNone && FHidden == asNone && FSystemFile == asNone && FArchive == asNone;
 }
 
+// One status block holds every line. Per-file failures are logged and do not
+// change the result; a search that fails does.
 bool TCustomSetFileAttributesAction::Execute() {
+  if (NothingToDo()) {
+    SendStatusLines({"Nothing to do!"});
+    return false;
+  }
+  std::string spec;
+  if (!ExpandOrLog(FFileSpec, spec, {}, "Error processing File Spec : ")) return false;
+  if (spec.empty()) {
+    SendStatusLines({"Nothing to do!"});
+    return false;
+  }
   IJXActionLogMessagePtr block = CreateStatusMessage();
-  const bool result = Run(block->GetLines());
+  const bool result = DoRecursiveAction(block->GetLines(), spec, FRecurse);
   SendStatusMessage(block);
   return result;
 }
 
-// Per-file failures are logged and do not change the result.
-bool TCustomSetFileAttributesAction::Run(TStrings& log) {
-  if (NothingToDo()) {
-    log.Add("Nothing to do!");
-    return false;
+bool TCustomSetFileAttributesAction::DoRecursiveAction(TStrings& log, const std::string& spec, bool recurse) {
+  const std::string dir = ExtractFilePath(spec);
+  // A link back to a directory the walk stands in is not followed again.
+  TWalkStep step(walk_path_, dir);
+  if (!step.Entered()) return true;
+  std::vector<std::string> subdirectories;
+  if (!ProcessMatches(log, spec, recurse, subdirectories)) return false;
+  bool searched = true;
+  for (const std::string& name : subdirectories) {
+    searched = DoRecursiveAction(log, JoinPath(JoinPath(dir, name), ExtractFileName(spec)), true) && searched;
   }
-  std::string spec;
-  try {
-    spec = ExpandExpression(FFileSpec, true);
-  } catch (const std::exception& e) {
-    log.Add(std::string("Error processing File Spec : ") + e.what());
-    return false;
-  }
-  if (spec.empty()) {
-    log.Add("Nothing to do!");
-    return false;
-  }
-  DoRecursiveAction(log, spec, FRecurse);
-  return true;
+  return searched;
 }
 
-// Without wildcards only the first entry found is processed. Directories are
-// skipped, and entered only through the recursion, which passes by hidden
-// and system directories (the search does not admit them).
-void TCustomSetFileAttributesAction::DoRecursiveAction(TStrings& log, const std::string& spec, bool recurse) {
-  const bool wild = HasWildcards(spec);
+// The files that match `spec` (a spec without wildcards names one at most);
+// with `recurse` the same search lists every subdirectory that is neither
+// hidden nor system, whatever its name. False when the search failed (logged).
+bool TCustomSetFileAttributesAction::ProcessMatches(TStrings& log, const std::string& spec, bool recurse,
+                                                    std::vector<std::string>& subdirectories) {
   const std::string dir = ExtractFilePath(spec);
-  const std::string mask = ExtractFileName(spec);
-  TSearchRec rec;
-  if (FindFirst(spec, faAnyFile, rec) == 0) {
-    do {
-      if ((rec.Attr & faDirectory) == 0) ProcessFile(log, JoinPath(dir, rec.Name), rec.Attr);
-    } while (wild && FindNext(rec) == 0);
-    FindClose(rec);
+  TFindMatches matches(spec, faAnyFile, TFindDetail::Full, recurse ? TFindDirs::AnyName : TFindDirs::MatchingMask);
+  for (const TSearchRec& rec : matches) {
+    if ((rec.Attr & faDirectory) == 0) {
+      ProcessFile(log, JoinPath(dir, rec.Name), rec.Attr);
+    } else if (recurse && IsWalkedInto(rec)) {
+      subdirectories.push_back(rec.Name);
+    }
   }
-  if (!recurse) return;
-  if (FindFirst(JoinPath(dir, "*"), faDirectory, rec, TFindDetail::Kind) == 0) {
-    do {
-      if ((rec.Attr & faDirectory) != 0 && !IsDotEntry(rec.Name)) {
-        DoRecursiveAction(log, JoinPath(JoinPath(dir, rec.Name), mask), true);
-      }
-    } while (FindNext(rec) == 0);
-    FindClose(rec);
-  }
+  if (matches.Error() == 0) return true;
+  log.Add("Error processing File Spec : " + SysErrorMessage(matches.Error()));
+  return false;
 }
 
 void TCustomSetFileAttributesAction::ProcessFile(TStrings& log, const std::string& path, uint32_t attributes) {

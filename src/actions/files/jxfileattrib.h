@@ -5,8 +5,11 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "framework/jxaction.h"
+#include "platform/fileidentity.h"
 
 namespace jx {
 
@@ -15,10 +18,15 @@ enum TAttributeSetting { asNone, asSet, asClear };
 // "Clear"); a project file may use either.
 extern const TEnumTypeInfo kAttributeSettingInfo;
 
+// The property grid's editor of the four settings: it shows the words "Don't
+// Touch", "Set" and "Clear"; typed text follows FileAttributeEditorValue.
+extern const TJXPropertyEditorClass TFileAttributeEditor;
+// The attribute editor's rule for typed text, in any case: "SET" is asSet,
+// "CLEAR" is asClear, anything else asNone.
+TAttributeSetting FileAttributeEditorValue(std::string_view text);
+
 class TCustomSetFileAttributesAction : public TJXAction {
  public:
-  TCustomSetFileAttributesAction();
-
   std::string GetActionName() const override;
   bool Execute() override;
   bool Validate(IJXActionValidationError& errors) override;
@@ -43,8 +51,9 @@ class TCustomSetFileAttributesAction : public TJXAction {
   void SetArchive(TAttributeSetting value) { FArchive = value; }
 
  protected:
-  // One directory level, and with `recurse` every subdirectory below it.
-  void DoRecursiveAction(TStrings& log, const std::string& spec, bool recurse);
+  // One directory level, and with `recurse` every subdirectory below it;
+  // false when a search failed (logged).
+  bool DoRecursiveAction(TStrings& log, const std::string& spec, bool recurse);
   // Writes the attributes of one file: `attributes` as the search found them,
   // changed by the four settings.
   void ProcessFile(TStrings& log, const std::string& path, uint32_t attributes);
@@ -59,7 +68,9 @@ class TCustomSetFileAttributesAction : public TJXAction {
 
  private:
   bool NothingToDo() const;
-  bool Run(TStrings& log);
+  bool ProcessMatches(TStrings& log, const std::string& spec, bool recurse, std::vector<std::string>& subdirectories);
+
+  TWalkPath walk_path_;  // the directories the walk stands in
 };
 
 class TSetFileAttributesAction : public TCustomSetFileAttributesAction {

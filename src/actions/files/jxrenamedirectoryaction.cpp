@@ -8,8 +8,6 @@
 
 namespace jx {
 
-TCustomRenameDirAction::TCustomRenameDirAction() { FRenameDir = true; }
-
 std::string TCustomRenameDirAction::GetActionName() const { return "Rename File or Directory"; }
 
 std::string TCustomRenameDirAction::GetQuickHelpFilename() const { return "Plugins\\RenameDirectory.html"; }

@@ -11,8 +11,6 @@ namespace jx {
 
 class TCustomRenameDirAction : public TJXAction {
  public:
-  TCustomRenameDirAction();
-
   bool Execute() override;
   bool Validate(IJXActionValidationError& errors) override;
   std::string GetQuickHelpFilename() const override;

@@ -3,49 +3,29 @@
 #include "platform/attributes.h"
 #include "platform/copymove.h"
 #include "platform/findfile.h"
+#include "platform/lasterror.h"
 #include "rtl/paths.h"
 #include "rtl/sysutils.h"
 
 namespace jx {
-
-void TCustomRenameFilesAction::SetSourceSpec(const std::string& value) {
-  if (value != FSourceSpec) FSourceSpec = value;
-}
-
-void TCustomRenameFilesAction::SetTargetSpec(const std::string& value) {
-  if (value != FTargetSpec) FTargetSpec = value;
-}
 
 std::string TCustomRenameFilesAction::GetActionName() const { return "Rename File(s)"; }
 
 bool TCustomRenameFilesAction::Execute() {
   std::string source;
   std::string target;
-  if (!TryExpand(FSourceSpec, source) || !TryExpand(FTargetSpec, target)) return false;
+  // An expansion error is logged as a status message of its own text.
+  if (!ExpandOrLog(FSourceSpec, source, {}) || !ExpandOrLog(FTargetSpec, target, {})) return false;
   const std::string dir = ExtractFilePath(source);
   std::string new_name;
-  TSearchRec rec;
-  if (FindFirst(source, faAnyFile, rec, TFindDetail::Kind) == 0) {
-    do {
-      GetNewFileName(rec.Name, target, new_name);
-      MoveFileTo(JoinPath(dir, rec.Name), JoinPath(dir, new_name));  // a failed rename is passed over silently
-    } while (FindNext(rec) == 0);
-    FindClose(rec);
+  TFindMatches matches(source, faAnyFile, TFindDetail::Kind);
+  for (const TSearchRec& rec : matches) {
+    GetNewFileName(rec.Name, target, new_name);
+    MoveFileTo(JoinPath(dir, rec.Name), JoinPath(dir, new_name));  // a failed rename is passed over silently
   }
+  // A search that fails is logged like an expansion error: its text alone.
+  if (matches.Error() != 0) SendStatusLines({SysErrorMessage(matches.Error())});
   return false;
-}
-
-// An expansion error is logged as a status message of its own text.
-bool TCustomRenameFilesAction::TryExpand(const std::string& text, std::string& result) {
-  try {
-    result = ExpandExpression(text, true);
-    return true;
-  } catch (const std::exception& e) {
-    IJXActionLogMessagePtr block = CreateStatusMessage();
-    block->GetLines().Add(e.what());
-    SendStatusMessage(block);
-    return false;
-  }
 }
 
 std::string TCustomRenameFilesAction::GetNewFileName(const std::string& found, const std::string& target,

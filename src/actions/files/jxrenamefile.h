@@ -22,16 +22,13 @@ class TCustomRenameFilesAction : public TJXAction {
   std::string GetNewFileName(const std::string& found, const std::string& target, std::string& result) const;
 
   const std::string& SourceSpec() const { return FSourceSpec; }
-  void SetSourceSpec(const std::string& value);
+  void SetSourceSpec(const std::string& value) { FSourceSpec = value; }
   const std::string& TargetSpec() const { return FTargetSpec; }
-  void SetTargetSpec(const std::string& value);
+  void SetTargetSpec(const std::string& value) { FTargetSpec = value; }
 
  protected:
   std::string FSourceSpec;
   std::string FTargetSpec;
-
- private:
-  bool TryExpand(const std::string& text, std::string& result);
 };
 
 class TRenameFilesAction : public TCustomRenameFilesAction {

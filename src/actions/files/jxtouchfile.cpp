@@ -1,60 +1,42 @@
 #include "actions/files/jxtouchfile.h"
 
 #include <cmath>
+#include <vector>
 
+#include "actions/files/filewalk.h"
 #include "platform/attributes.h"
 #include "platform/clock.h"
+#include "platform/fileidentity.h"
 #include "platform/filetime.h"
 #include "platform/findfile.h"
+#include "platform/lasterror.h"
 #include "platform/localeinfo.h"
 #include "rtl/formatdatetime.h"
 #include "rtl/paths.h"
 #include "rtl/strutils.h"
+#include "rtl/sysutils.h"
 
 namespace jx {
 
 namespace {
 
-bool IsDotEntry(const std::string& name) { return name == "." || name == ".."; }
+// The placeholder's editor works on the object's "DateTimeAsString".
+const TPropertyInfo& DateTimeText(const TQSXMLObject& object) {
+  return *object.GetClassInfo().FindProperty("DateTimeAsString");
+}
+
+std::string TouchDateText(const TQSXMLObject& object, const TPropertyInfo&) {
+  return DateTimeText(object).GetText(object);
+}
+
+void StoreTouchDate(TQSXMLObject& object, const TPropertyInfo&, std::string_view text) {
+  DateTimeText(object).SetText(object, text);
+}
 
 }  // namespace
 
-TCustomTouchFilesAction::TCustomTouchFilesAction() {
-  FDateTime = Now();
-  FTouchDate = true;
-  FTouchTime = true;
-  FTouchReadOnly = false;
-  FRecurse = false;
-  FUseNow = false;
-}
-
-void TCustomTouchFilesAction::SetDateTime(TDateTime value) {
-  if (value != FDateTime) FDateTime = value;
-}
-
-void TCustomTouchFilesAction::SetFileSpec(const std::string& value) {
-  if (value != FFileSpec) FFileSpec = value;
-}
-
-void TCustomTouchFilesAction::SetTouchDate(bool value) {
-  if (value != FTouchDate) FTouchDate = value;
-}
-
-void TCustomTouchFilesAction::SetTouchTime(bool value) {
-  if (value != FTouchTime) FTouchTime = value;
-}
-
-void TCustomTouchFilesAction::SetTouchReadOnly(bool value) {
-  if (value != FTouchReadOnly) FTouchReadOnly = value;
-}
-
-void TCustomTouchFilesAction::SetRecurse(bool value) {
-  if (value != FRecurse) FRecurse = value;
-}
-
-void TCustomTouchFilesAction::SetUseNow(bool value) {
-  if (value != FUseNow) FUseNow = value;
-}
+const TJXPropertyEditorClass TTouchFilesDateEditor{
+    "TTouchFilesDateEditor", "", "", "", &TouchDateText, &StoreTouchDate};
 
 // The user's short date and long time, as the property grid shows dates.
 std::string TCustomTouchFilesAction::DateTimeAsString() const {
@@ -114,62 +96,59 @@ bool TCustomTouchFilesAction::Execute() {
   if (FUseNow) SetDateTime(Now());
   const std::string spec = ExpandExpression(FFileSpec, true);
   if (spec.empty()) {
-    LogStatus("File Spec is blank!");
+    SendStatusLines({"File Spec is blank!"});
     return false;
   }
   if (!FTouchDate && !FTouchTime) {
-    LogStatus(" Touch Date and TouchTime are not set, nothing to do");
+    SendStatusLines({" Touch Date and TouchTime are not set, nothing to do"});
     return false;
   }
   FFileCount = 0;
   const bool result = ProcessFiles(spec);
-  LogStatus("Processed : " + IntToStr(FFileCount) + " File(s)");
+  SendStatusLines({"Processed : " + IntToStr(FFileCount) + " File(s)"});
   return result;
 }
 
 // The result of the last subdirectory replaces the result so far, so an
-// error above it can end in success: the action's established outcome.
+// error above it can end in success: the action's established outcome. A
+// search that fails ends this level with its error's text.
 bool TCustomTouchFilesAction::ProcessFiles(const std::string& spec) {
-  const std::string dir = ExtractFilePath(spec);
+  // A link back to a directory the walk stands in is not followed again.
+  TWalkStep step(walk_path_, ExtractFilePath(spec));
+  if (!step.Entered()) return true;
   try {
-    bool result = TouchMatches(spec, dir);
-    if (FRecurse) result = ProcessSubdirectories(dir, ExtractFileName(spec), result);
+    std::vector<std::string> subdirectories;
+    bool result = TouchMatches(spec, subdirectories);
+    const std::string dir = ExtractFilePath(spec);
+    for (const std::string& name : subdirectories) {
+      result = ProcessFiles(JoinPath(JoinPath(dir, name), ExtractFileName(spec)));
+    }
     return result;
   } catch (const std::exception& e) {
-    LogStatus(e.what());
+    SendStatusLines({e.what()});
     return false;
   }
 }
 
-// Normal files only: hidden and system files are not searched for. Stops at
-// the first file that cannot be touched.
-bool TCustomTouchFilesAction::TouchMatches(const std::string& spec, const std::string& dir) {
-  TSearchRec rec;
-  if (FindFirst(spec, faReadOnly | faArchive, rec, TFindDetail::Kind) != 0) return true;
+// Normal files only: hidden and system files are not searched for. After a
+// file that cannot be touched the rest of the directory is passed by. With
+// Recurse the same search lists the subdirectories (neither hidden nor
+// system, whatever their names) into `subdirectories`.
+bool TCustomTouchFilesAction::TouchMatches(const std::string& spec, std::vector<std::string>& subdirectories) {
+  const std::string dir = ExtractFilePath(spec);
+  const uint32_t attr = faReadOnly | faArchive | (FRecurse ? faDirectory : 0);
+  TFindMatches matches(spec, attr, TFindDetail::Kind, TFindDirs::AnyName);
   bool result = true;
-  do {
-    if (IsDotEntry(rec.Name)) continue;
-    const std::string path = JoinPath(dir, rec.Name);
-    if (!TouchFile(path)) {
-      LogStatus("Error touching File : " + path);
-      result = false;
-      break;
+  for (const TSearchRec& rec : matches) {
+    if (rec.Attr & faDirectory) {
+      if (IsWalkedInto(rec)) subdirectories.push_back(rec.Name);
+    } else if (result) {
+      const std::string path = JoinPath(dir, rec.Name);
+      result = TouchFile(path);
+      if (!result) SendStatusLines({"Error touching File : " + path});
     }
-  } while (FindNext(rec) == 0);
-  FindClose(rec);
-  return result;
-}
-
-// Hidden and system directories are not searched for, so not entered.
-bool TCustomTouchFilesAction::ProcessSubdirectories(const std::string& dir, const std::string& mask, bool result) {
-  TSearchRec rec;
-  if (FindFirst(JoinPath(dir, "*.*"), faDirectory, rec, TFindDetail::Kind) != 0) return result;
-  do {
-    if ((rec.Attr & faDirectory) != 0 && !IsDotEntry(rec.Name)) {
-      result = ProcessFiles(JoinPath(JoinPath(dir, rec.Name), mask));
-    }
-  } while (FRecurse && FindNext(rec) == 0);
-  FindClose(rec);
+  }
+  if (matches.Error() != 0) throw EOSError(matches.Error(), SysErrorMessage(matches.Error()));
   return result;
 }
 
@@ -203,12 +182,6 @@ TDateTime TCustomTouchFilesAction::NewTimeOf(TDateTime current) const {
   if (FTouchDate) date = std::trunc(FDateTime);
   if (FTouchTime) time_of_day = FDateTime - std::trunc(FDateTime);
   return date + time_of_day;
-}
-
-void TCustomTouchFilesAction::LogStatus(const std::string& line) {
-  IJXActionLogMessagePtr block = CreateStatusMessage();
-  block->GetLines().Add(line);
-  SendStatusMessage(block);
 }
 
 const TJXClassInfo& TTouchFilesAction::ClassInfo() {

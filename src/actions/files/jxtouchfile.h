@@ -5,16 +5,17 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "framework/jxaction.h"
+#include "platform/clock.h"
+#include "platform/fileidentity.h"
 #include "rtl/datetime.h"
 
 namespace jx {
 
 class TCustomTouchFilesAction : public TJXAction {
  public:
-  TCustomTouchFilesAction();
-
   std::string GetActionName() const override;
   bool Execute() override;
   bool Validate(IJXActionValidationError& errors) override;
@@ -25,19 +26,19 @@ class TCustomTouchFilesAction : public TJXAction {
   void GetPropertyHelp(TStrings& list) const override;
 
   TDateTime DateTime() const { return FDateTime; }
-  void SetDateTime(TDateTime value);
+  void SetDateTime(TDateTime value) { FDateTime = value; }
   const std::string& FileSpec() const { return FFileSpec; }
-  void SetFileSpec(const std::string& value);
+  void SetFileSpec(const std::string& value) { FFileSpec = value; }
   bool TouchDate() const { return FTouchDate; }
-  void SetTouchDate(bool value);
+  void SetTouchDate(bool value) { FTouchDate = value; }
   bool TouchTime() const { return FTouchTime; }
-  void SetTouchTime(bool value);
+  void SetTouchTime(bool value) { FTouchTime = value; }
   bool TouchReadOnly() const { return FTouchReadOnly; }
-  void SetTouchReadOnly(bool value);
+  void SetTouchReadOnly(bool value) { FTouchReadOnly = value; }
   bool Recurse() const { return FRecurse; }
-  void SetRecurse(bool value);
+  void SetRecurse(bool value) { FRecurse = value; }
   bool UseNow() const { return FUseNow; }
-  void SetUseNow(bool value);
+  void SetUseNow(bool value) { FUseNow = value; }
   // A placeholder of the property grid: reads "Edit...", ignores what is
   // written; its editor edits DateTime.
   std::string DateTimeString() const { return "Edit..."; }
@@ -53,7 +54,7 @@ class TCustomTouchFilesAction : public TJXAction {
   bool ProcessFiles(const std::string& spec);
   bool TouchFile(const std::string& path);
 
-  TDateTime FDateTime = 0;
+  TDateTime FDateTime = Now();  // the moment the action is made
   std::string FFileSpec;
   bool FTouchDate = true;
   bool FTouchTime = true;
@@ -63,11 +64,14 @@ class TCustomTouchFilesAction : public TJXAction {
   int32_t FFileCount = 0;
 
  private:
-  void LogStatus(const std::string& line);
-  bool TouchMatches(const std::string& spec, const std::string& dir);
-  bool ProcessSubdirectories(const std::string& dir, const std::string& mask, bool result);
+  TWalkPath walk_path_;  // the directories the walk stands in
+  bool TouchMatches(const std::string& spec, std::vector<std::string>& subdirectories);
   TDateTime NewTimeOf(TDateTime current) const;
 };
+
+// The property grid's editor of the "DateTimeString" placeholder: it shows and
+// edits the action's DateTime as text (through "DateTimeAsString").
+extern const TJXPropertyEditorClass TTouchFilesDateEditor;
 
 class TTouchFilesAction : public TCustomTouchFilesAction {
  public:

@@ -2,23 +2,22 @@
 
 #include "actions/files/bactions1.h"
 #include "rtl/sysutils.h"
-#include "support/recordinghost.h"
-#include "support/tempdir.h"
+#include "support/actiontest.h"
 
 namespace jx {
 namespace {
 
-class SetVariableTest : public ::testing::Test {
+class SetVariableTest : public test::ActionTest<TSetVariableAction> {
  protected:
   // The value stored for V from `value` with `modifier` and `type`.
   Variant Run(const std::string& value, TJXSetVariableModifier modifier = smNone,
               TJXSetVariableForceType type = ftDefault) {
-    h.Action.SetVariableName("V");
-    h.Action.SetNewValue(value);
-    h.Action.SetModifier(modifier);
-    h.Action.SetForceType(type);
-    EXPECT_TRUE(h.Action.Execute());
-    return h.Host.Variables["V"];
+    action.SetVariableName("V");
+    action.SetNewValue(value);
+    action.SetModifier(modifier);
+    action.SetForceType(type);
+    EXPECT_TRUE(action.Execute());
+    return host.Variables["V"];
   }
   std::string RunText(const std::string& value, TJXSetVariableModifier modifier) {
     return Run(value, modifier, ftString).ToString();
@@ -26,126 +25,99 @@ class SetVariableTest : public ::testing::Test {
   // The message of the error that Execute raises.
   std::string Failure() {
     try {
-      h.Action.Execute();
+      action.Execute();
     } catch (const Exception& e) {
       return e.Message();
     }
     return "no error";
   }
-  test::Hosted<TSetVariableAction> h;
 };
 
 TEST_F(SetVariableTest, TextAndPathModifiers) {
-  struct Row {
-    TJXSetVariableModifier Modifier;
-    std::string Input, Expected;
-  };
-  const Row rows[] = {
+  const std::tuple<TJXSetVariableModifier, std::string, std::string> rows[] = {
       {smNone, " a ", " a "},          {smTrim, " \ta b\r\n", "a b"},       {smTrimLeft, " a ", "a "},
       {smTrimRight, " a ", " a"},      {smAddQuotes, "it's", "'it''s'"},    {smAddDoubleQuotes, "a b", "\"a b\""},
       {smStripQuotes, "'a b'", "a b"}, {smLowerCase, "AbC-É", "abc-É"},     {smUpperCase, "aBc-é", "ABC-é"},
-      {smIncludeTrailingBackSlash, "/a", "/a/"},  {smIncludeTrailingBackSlash, "/a/", "/a/"},
-      {smExcludeTrailingBackSlash, "/a/", "/a"},  {smExtractFileName, "/a.d/f.tar.gz", "f.tar.gz"},
-      {smExtractFileName, "f.txt", "f.txt"},      {smExtractFilePath, "/a.d/f", "/a.d/"},
-      {smExtractFilePath, "f.txt", ""},           {smExtractFileDrive, "/a/f.txt", ""},
-      {smExtractFileExt, "/a.d/f.tar.gz", ".gz"}, {smExtractFileExt, "/a.d/f", ""},
+      {smIncludeTrailingBackSlash, "/a", "/a/"},  {smExcludeTrailingBackSlash, "/a/", "/a"},
+      {smExtractFileName, "/a.d/f.tar.gz", "f.tar.gz"}, {smExtractFilePath, "/a.d/f", "/a.d/"},
+      {smExtractFileDrive, "/a/f.txt", ""},       {smExtractFileExt, "/a.d/f.tar.gz", ".gz"},
       {smRemoveFileExt, "/a.d/f.tar.gz", "/a.d/f.tar"}, {smRemoveFileExt, "/a.d/f", "/a.d/f"},
   };
-  for (const Row& row : rows) {
-    EXPECT_EQ(row.Expected, RunText(row.Input, row.Modifier)) << SetVariableModifierStrings[row.Modifier];
+  for (const auto& [modifier, input, expected] : rows) {
+    EXPECT_EQ(expected, RunText(input, modifier)) << SetVariableModifierStrings[modifier];
   }
 }
 
-TEST_F(SetVariableTest, IncrementOnlyChangesIntegers) {
-  EXPECT_EQ(Variant(int32_t{42}), Run("41", smIncrement));
-  EXPECT_EQ(Variant(int32_t{-1}), Run("0", smDeincrement));
-  EXPECT_EQ(Variant("abc"), Run("abc", smIncrement));
-  EXPECT_EQ(Variant(1.5), Run("1.5", smIncrement));
-  EXPECT_EQ(Variant(int32_t{-653268}), Run("-653268", smIncrement));  // the sentinel itself
-  EXPECT_EQ(Variant(int32_t{INT32_MIN}), Run("2147483647", smIncrement));
-}
-
-// Only decimal text becomes an integer; the sentinels fall through to the next type.
-TEST_F(SetVariableTest, AutomaticTyping) {
-  const std::pair<std::string, Variant> rows[] = {
-      {"12", Variant(int32_t{12})},   {"-7", Variant(int32_t{-7})},      {"1.5", Variant(1.5)},
-      {"true", Variant(true)},        {"FALSE", Variant(false)},         {"1.2.3", Variant("1.2.3")},
-      {"", Variant("")},              {"$10", Variant("$10")},           {"0x1F", Variant("0x1F")},
-      {"3000000000", Variant(3e9)},   {"-989898999", Variant(-989898999.0)},
-      {"-0.989898999", Variant("-0.989898999")},
+// Steps change integers only; automatic typing takes decimal text alone as an
+// integer, and the sentinels fall through to the next type.
+TEST_F(SetVariableTest, TypedValues) {
+  const std::tuple<std::string, TJXSetVariableModifier, TJXSetVariableForceType, Variant> rows[] = {
+      {"41", smIncrement, ftDefault, int32_t{42}},  {"0", smDeincrement, ftDefault, int32_t{-1}},
+      {"abc", smIncrement, ftDefault, "abc"},       {"1.5", smIncrement, ftDefault, 1.5},
+      {"-653268", smIncrement, ftDefault, int32_t{-653268}},
+      {"2147483647", smIncrement, ftDefault, int32_t{INT32_MIN}},
+      {"12", smNone, ftDefault, int32_t{12}},       {"-7", smNone, ftDefault, int32_t{-7}},
+      {"1.5", smNone, ftDefault, 1.5},              {"true", smNone, ftDefault, true},
+      {"FALSE", smNone, ftDefault, false},          {"1.2.3", smNone, ftDefault, "1.2.3"},
+      {"", smNone, ftDefault, ""},                  {"$10", smNone, ftDefault, "$10"},
+      {"0x1F", smNone, ftDefault, "0x1F"},          {"3000000000", smNone, ftDefault, 3e9},
+      {"-989898999", smNone, ftDefault, -989898999.0},
+      {"-0.989898999", smNone, ftDefault, "-0.989898999"},
+      {"12", smNone, ftString, "12"},               {"12", smNone, ftInteger, int32_t{12}},
+      {"2", smNone, ftFloat, 2.0},                  {"1", smNone, ftBoolean, true},
   };
-  for (const auto& [text, expected] : rows) EXPECT_EQ(expected, Run(text)) << text;
+  for (const auto& [input, modifier, type, expected] : rows) EXPECT_EQ(expected, Run(input, modifier, type)) << input;
 }
 
-TEST_F(SetVariableTest, ForcedTypesConvertOrFailWithoutStoring) {
-  EXPECT_EQ(Variant("12"), Run("12", smNone, ftString));
-  EXPECT_EQ(Variant(int32_t{12}), Run("12", smNone, ftInteger));
-  EXPECT_EQ(Variant(2.0), Run("2", smNone, ftFloat));
-  EXPECT_EQ(Variant(true), Run("1", smNone, ftBoolean));
-
-  h.Host.Variables.clear();
-  h.Action.SetNewValue("abc");
-  h.Action.SetForceType(ftInteger);
-  EXPECT_EQ("'abc' is not a valid integer value", Failure());
-  h.Action.SetForceType(ftFloat);
-  EXPECT_EQ("'abc' is not a valid floating point value", Failure());
-  h.Action.SetForceType(ftBoolean);
-  EXPECT_EQ("'abc' is not a valid boolean value", Failure());
-  EXPECT_TRUE(h.Host.Variables.empty());
+TEST_F(SetVariableTest, ForcedTypesThatDoNotConvertFailWithoutStoring) {
+  action.SetVariableName("V");
+  action.SetNewValue("abc");
+  for (const auto& [type, what] :
+       {std::pair{ftInteger, "integer"}, {ftFloat, "floating point"}, {ftBoolean, "boolean"}}) {
+    action.SetForceType(type);
+    EXPECT_EQ(std::string("'abc' is not a valid ") + what + " value", Failure());
+  }
+  EXPECT_TRUE(host.Variables.empty());
 }
 
 TEST_F(SetVariableTest, ExpandsTheNewValueOrModifiesTheExistingValue) {
-  h.Host.Variables["A"] = int32_t{7};
+  host.Variables["A"] = int32_t{7};
   EXPECT_EQ(Variant("7-x"), Run("%A%-x"));
-  h.Host.Variables["V"] = std::string("abc");
-  h.Action.SetApplyToExisting(true);
+  host.Variables["V"] = std::string("abc");
+  action.SetApplyToExisting(true);
   EXPECT_EQ(Variant("ABC"), Run("ignored", smUpperCase));
-
-  h.Action.SetVariableName("");
+  action.SetVariableName("");
   EXPECT_EQ("No Variable specified", Failure());
 }
 
 TEST_F(SetVariableTest, EncryptAndDecryptRoundTripThroughTheHost) {
   const std::string encrypted = RunText("s3cret pass", smEncrypt);
   std::string expected;
-  ASSERT_TRUE(h.Host.EncryptString("s3cret pass", "k7x2mwq9zrtp@hnbc5s", expected));
+  ASSERT_TRUE(host.EncryptString("s3cret pass", "k7x2mwq9zrtp@hnbc5s", expected));
   EXPECT_EQ(expected, encrypted);
   EXPECT_EQ("s3cret pass", RunText(encrypted, smDecrypt));
-
-  h.Action.SetNewValue("plain text");
+  action.SetNewValue("plain text");
   EXPECT_EQ("Unable to decrypt the value of V: it is not an encrypted value", Failure());
 }
 
 TEST_F(SetVariableTest, ShortFileNamesOfAList) {
-  test::TempDir dir;
   const std::string a = dir.MakeDir("a long name"), b = dir.MakeDir("another long name");
   EXPECT_EQ(a + ";" + b, RunText("\"" + a + "\";" + b, smShortFileName));
   EXPECT_EQ(";" + b, RunText(dir / "missing;" + b, smShortFileName));
   EXPECT_EQ("", RunText("\"" + a + "\"", smShortFileName));  // quotes stay on a single path
 }
 
+// The modifier is description key 1, by its text: "Trim" names smTrim, "" smNone.
 TEST_F(SetVariableTest, DescriptionKeysAndModifierByName) {
-  EXPECT_EQ("Set Variable  to [  ]", h.Action.GetDescription());
-  h.Action.SetVariableName("OUT");
-  h.Action.SetModifier(smTrim);
-  h.Action.SetNewValue("x");
-  EXPECT_EQ("Set Variable OUT to Trim[ x ]", h.Action.GetDescription());
-  ASSERT_EQ(3u, h.Host.KeyUpdates.size());
-  EXPECT_EQ(1, h.Host.KeyUpdates[1].Index);
-  EXPECT_EQ("Trim", h.Host.KeyUpdates[1].NewValue);
-
-  h.Action.SetDescriptionKeyValue(1, "UpperCase");
-  EXPECT_EQ(smUpperCase, h.Action.Modifier());
-  h.Action.SetDescriptionKeyValue(1, "");
-  EXPECT_EQ(smNone, h.Action.Modifier());
-  EXPECT_THROW(h.Action.SetDescriptionKeyValue(1, "Bogus"), EConvertError);
-
-  // A project file may name a modifier by value or by caption.
-  const TPropertyInfo* modifier = TSetVariableAction::ClassInfo().FindProperty("Modifier");
-  modifier->SetText(h.Action, "AddQuotes");
-  EXPECT_EQ(smAddQuotes, h.Action.Modifier());
-  modifier->SetText(h.Action, "smRemoveFileExt");
-  EXPECT_EQ("smRemoveFileExt", modifier->GetText(h.Action));
+  EXPECT_EQ("Set Variable  to [  ]", action.GetDescription());
+  action.SetVariableName("OUT");
+  action.SetModifier(smTrim);
+  action.SetNewValue("x");
+  EXPECT_EQ("Set Variable OUT to Trim[ x ]", action.GetDescription());
+  EXPECT_EQ(1, host.KeyUpdates.at(1).Index);
+  action.SetDescriptionKeyValue(1, "");
+  EXPECT_EQ(smNone, action.Modifier());
+  EXPECT_THROW(action.SetDescriptionKeyValue(1, "Bogus"), EConvertError);
 }
 
 }  // namespace

@@ -5,105 +5,63 @@
 
 #include <filesystem>
 
+#include "actions/files/fileactiontest.h"
 #include "platform/fileops.h"
 #include "platform/lasterror.h"
 #include "rtl/strutils.h"
-#include "support/actiontest.h"
 
 namespace jx {
 namespace {
 
 namespace fs = std::filesystem;
-using Lines = std::vector<std::string>;
+using test::Outcome;
+using FileExistsTest = test::FileActionTest<TFileExistsAction>;
+using CreateDirectoryTest = test::FileActionTest<TCreateDirectoryAction>;
 
-// Runs a file or directory action on `path` with the recording host.
-template <class A>
-class PathActionTest : public test::ActionTest<A> {
- protected:
-  bool Run(const std::string& path) {
-    this->action.SetFileOrDirectory(path);
-    return this->action.Execute();
-  }
-};
-
-// The one validation error of a new action of type A.
-template <class A>
-std::string ValidationOf() {
-  A action;
-  test::RecordingValidation errors;
-  EXPECT_FALSE(action.Validate(errors));
-  return errors.Errors.size() == 1 ? errors.Errors[0] : "";
-}
-
-// ---- Check if File Exists ----
-
-using FileExistsTest = PathActionTest<TFileExistsAction>;
-
+// A directory counts; an expansion error fails silently.
 TEST_F(FileExistsTest, ModesMapTheAnswerAndTheVariableGetsIt) {
-  action.SetVariable("FOUND");
-  EXPECT_TRUE(Run(dir.Path()));  // a directory counts
-  EXPECT_EQ(Variant(true), host.Variables["FOUND"]);
-  action.SetExistsMode(feFailIfExists);
-  EXPECT_FALSE(Run(dir.WriteFile("a.txt")));
-
-  action.SetExistsMode(feIgnore);
-  EXPECT_TRUE(Run(dir / "missing"));
+  const std::string exists = "File or Folder Exists", missing = "File or Folder is missing";
+  EXPECT_EQ(Outcome(false, {missing}), Run({{"FileOrDirectory", dir / "none"}, {"Variable", "FOUND"}}));
   EXPECT_EQ(Variant(false), host.Variables["FOUND"]);
-  EXPECT_EQ((Lines{"File or Folder Exists", "File or Folder Exists", "File or Folder is missing"}), host.Lines);
-
-  EXPECT_FALSE(Run("%NOPE%/a"));  // an expansion error fails silently
-  EXPECT_EQ(3u, host.Lines.size());
-  EXPECT_EQ("FileOrDirectory: Field is empty!", ValidationOf<TFileExistsAction>());
+  EXPECT_EQ(Outcome(true, {exists}), Run({{"FileOrDirectory", dir.Path()}}));
+  EXPECT_EQ(Variant(true), host.Variables["FOUND"]);
+  EXPECT_EQ(Outcome(false, {exists}), Run({{"ExistsMode", "feFailIfExists"}}));
+  EXPECT_EQ(Outcome(true, {exists}), Run({{"FailIfExists", "False"}}));  // as older projects say
+  EXPECT_EQ(Outcome(true, {missing}), Run({{"ExistsMode", "feIgnore"}, {"FileOrDirectory", dir / "none"}}));
+  EXPECT_EQ(Outcome(false, {}), Run({{"FileOrDirectory", "%NOPE%/a"}}));
 }
 
-TEST_F(FileExistsTest, OldFailIfExistsFlagSetsTheMode) {
-  const TPropertyInfo* flag = TFileExistsAction::ClassInfo().FindProperty("FailIfExists");
-  flag->SetText(action, "True");
-  EXPECT_EQ(feFailIfExists, action.ExistsMode());
-  flag->SetText(action, "False");
-  EXPECT_EQ(feFailIfMissing, action.ExistsMode());
-}
-
-// ---- Create Directory ----
-
-using CreateDirectoryTest = PathActionTest<TCreateDirectoryAction>;
-
-TEST_F(CreateDirectoryTest, EmptyExpansionSucceedsSilentlyAndAnExistingDirectoryCountsAsCreated) {
-  host.Variables["EMPTY"] = std::string("  ");
-  EXPECT_TRUE(Run("%EMPTY%"));
-  EXPECT_TRUE(host.Lines.empty());
-  EXPECT_TRUE(Run(" " + dir.Path() + " "));
-  EXPECT_EQ(Lines{"Created directory : " + dir.Path()}, host.Blocks.at(0));
-}
-
+// An existing directory counts as created; an empty expansion succeeds silently.
 TEST_F(CreateDirectoryTest, MissingParentsOnlyWithForce) {
   const std::string deep = dir / "a/b";
-  EXPECT_FALSE(Run(deep));
-  EXPECT_EQ(Lines{"Unable to Create directory : " + deep}, host.Lines);
-  action.SetForce(true);
-  EXPECT_TRUE(Run(deep));
+  host.Variables["EMPTY"] = std::string("  ");
+  EXPECT_EQ(Outcome(true, {}), Run({{"FileOrDirectory", "%EMPTY%"}}));
+  EXPECT_EQ(Outcome(true, {"Created directory : " + dir.Path()}), Run({{"FileOrDirectory", " " + dir.Path() + " "}}));
+  EXPECT_EQ(Outcome(false, {"Unable to Create directory : " + deep}), Run({{"FileOrDirectory", deep}}));
+  EXPECT_EQ(Outcome(true, {"Created directory : " + deep}), Run({{"Force", "True"}}));
   EXPECT_TRUE(fs::is_directory(deep));
-
-  EXPECT_FALSE(Run("%NOPE%/x"));
-  EXPECT_EQ((Lines{"Unable to Create directory : ", "Variable \"NOPE\" is not defined"}), host.Blocks.back());
-  EXPECT_EQ("Directory: The directory to create has not been set", ValidationOf<TCreateDirectoryAction>());
+  EXPECT_EQ(Outcome(false, {"Unable to Create directory : ", "Variable \"NOPE\" is not defined"}),
+            Run({{"FileOrDirectory", "%NOPE%/x"}}));
 }
 
-// ---- Delete Directory ----
-
-class DeleteDirectoryTest : public PathActionTest<TDeleteDirectoryAction> {
+class DeleteDirectoryTest : public test::FileActionTest<TDeleteDirectoryAction> {
  protected:
+  DeleteDirectoryTest() { action.SetDeleteTree(true); }
   // The failure block: the target, then the text RaiseLastOSError gives `code`.
-  Lines Failure(const std::string& target, uint32_t code) {
-    return {"Unable to Delete Directory : " + target,
-            "System Error.  Code: " + IntToStr(code) + ".\n" + SysErrorMessage(code)};
+  Outcome Failure(const std::string& target, uint32_t code) {
+    const std::string text = "System Error.  Code: " + IntToStr(code) + ".\n" + SysErrorMessage(code);
+    return {false, {"Unable to Delete Directory : " + target, text}};
   }
 };
 
-TEST_F(DeleteDirectoryTest, MissingDirectoryCountsAsDeleted) {
-  EXPECT_TRUE(Run(dir / "missing"));
-  EXPECT_TRUE(host.Lines.empty());
-  EXPECT_EQ("Directory: The directory to delete has not been set", ValidationOf<TDeleteDirectoryAction>());
+// A missing directory counts as deleted; a full one needs DeleteTree.
+TEST_F(DeleteDirectoryTest, MissingOrNonEmptyDirectory) {
+  dir.WriteFile("target/sub/.hidden");
+  EXPECT_EQ(Outcome(true, {}), Run({{"FileOrDirectory", dir / "missing"}}));
+  EXPECT_EQ(Failure(dir / "target", kErrorDirNotEmpty),
+            Run({{"FileOrDirectory", dir / "target"}, {"DeleteTree", "False"}}));
+  EXPECT_EQ(Outcome(true, {}), Run({{"DeleteTree", "True"}}));
+  EXPECT_FALSE(fs::exists(dir / "target"));
 }
 
 // The working directory stays where it is, so that a relative path of a
@@ -111,58 +69,35 @@ TEST_F(DeleteDirectoryTest, MissingDirectoryCountsAsDeleted) {
 TEST_F(DeleteDirectoryTest, RelativePathsKeepTheWorkingDirectory) {
   dir.WriteFile("gone/a.txt");
   test::CurrentDirScope cwd(dir.Path());
-  action.SetDeleteTree(true);
-  EXPECT_TRUE(Run("gone"));
+  EXPECT_TRUE(Run({{"FileOrDirectory", "gone"}}).first);
   EXPECT_FALSE(fs::exists(dir / "gone"));
   ASSERT_EQ(dir.Path(), GetCurrentDir());  // else the create below would act on the root
-
-  test::Hosted<TCreateDirectoryAction> create;
-  create.Action.SetFileOrDirectory("made");
-  EXPECT_TRUE(create.Action.Execute());
+  EXPECT_TRUE(test::RunWith<TCreateDirectoryAction>({{"FileOrDirectory", "made"}}).first);
   EXPECT_TRUE(fs::is_directory(dir / "made"));
 }
 
 // Only a working directory inside the tree moves, to the root.
 TEST_F(DeleteDirectoryTest, DeletesTheTreeThatHoldsTheWorkingDirectory) {
-  const std::string inner = dir.MakeDir("target/sub");
-  test::CurrentDirScope cwd(inner);
-  action.SetDeleteTree(true);
-  EXPECT_TRUE(Run(dir / "target"));
+  test::CurrentDirScope cwd(dir.MakeDir("target/sub"));
+  EXPECT_TRUE(Run({{"FileOrDirectory", dir / "target"}}).first);
   EXPECT_FALSE(fs::exists(dir / "target"));
   EXPECT_EQ("/", GetCurrentDir());
 }
 
-TEST_F(DeleteDirectoryTest, NonEmptyDirectoryNeedsDeleteTree) {
-  const std::string target = dir.MakeDir("target");
-  dir.WriteFile("target/sub/.hidden");
-  EXPECT_FALSE(Run(target));  // the system's "Directory not empty"
-  EXPECT_EQ(Failure(target, kErrorDirNotEmpty), host.Blocks.at(0));
-
-  action.SetDeleteTree(true);
-  EXPECT_TRUE(Run(target));
-  EXPECT_FALSE(fs::exists(target));
-}
-
 TEST_F(DeleteDirectoryTest, ReadOnlyEntriesGoOnlyWithDeleteReadOnly) {
-  const std::string target = dir.MakeDir("target");
-  const std::string locked = dir.WriteFile("target/sub/locked");
+  const std::string target = dir.MakeDir("target"), locked = dir.WriteFile("target/sub/locked");
   ::chmod(locked.c_str(), 0444);
   ::chmod(target.c_str(), 0555);
-  action.SetDeleteTree(true);
-  EXPECT_FALSE(Run(target));
-  EXPECT_EQ(Failure(target, kErrorAccessDenied), host.Blocks.at(0));
+  EXPECT_EQ(Failure(target, kErrorAccessDenied), Run({{"FileOrDirectory", target}}));
   EXPECT_TRUE(fs::exists(locked));
-
-  action.SetDeleteReadOnly(true);
-  EXPECT_TRUE(Run(target));
+  EXPECT_TRUE(Run({{"DeleteReadOnly", "True"}}).first);
   EXPECT_FALSE(fs::exists(target));
 }
 
 TEST_F(DeleteDirectoryTest, TreeDeletionTakesLinksNotWhatTheyPointTo) {
   const std::string outside = dir.WriteFile("outside/keep.txt");
   fs::create_directory_symlink(dir / "outside", dir.MakeDir("target") + "/link");
-  action.SetDeleteTree(true);
-  EXPECT_TRUE(Run(dir / "target"));
+  EXPECT_TRUE(Run({{"FileOrDirectory", dir / "target"}}).first);
   EXPECT_FALSE(fs::exists(dir / "target"));
   EXPECT_TRUE(fs::exists(outside));
 }

@@ -3,30 +3,25 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include "actions/files/fileactiontest.h"
 #include "platform/attributes.h"
 #include "platform/clock.h"
 #include "platform/filetime.h"
 #include "platform/localeinfo.h"
 #include "rtl/formatdatetime.h"
-#include "support/actiontest.h"
-#include "support/recordinghost.h"
-#include "support/tempdir.h"
 
 namespace jx {
 namespace {
 
-using test::Hosted;
-using test::RecordingValidation;
-using test::TempDir;
-using Lines = std::vector<std::string>;
+using test::Outcome;
 
 const TDateTime kFileTime = EncodeDateTime(2001, 5, 6, 10, 11, 12, 0);
-const TDateTime kTouchTime = EncodeDateTime(2020, 1, 2, 3, 4, 5, 0);
+const std::string kOld = "2001-05-06T10:11:12";
+const std::string kTouched = "2020-01-02T03:04:04";  // 03:04:05: the packed FAT time keeps even seconds
 
-class TouchFilesTest : public ::testing::Test {
+class TouchFilesTest : public test::FileActionTest<TTouchFilesAction> {
  protected:
-  TouchFilesTest() { h.Action.SetDateTime(kTouchTime); }
-
+  TouchFilesTest() { action.SetDateTime(EncodeDateTime(2020, 1, 2, 3, 4, 5, 0)); }
   std::string OldFile(const std::string& name) {
     const std::string path = dir.WriteFile(name);
     EXPECT_TRUE(FileSetDate(path, kFileTime));
@@ -37,185 +32,87 @@ class TouchFilesTest : public ::testing::Test {
     EXPECT_TRUE(FileGetDate(path, value));
     return DateTimeToISO(value);
   }
-  bool Run(const std::string& spec) {
-    h.Action.SetFileSpec(spec);
-    return h.Action.Execute();
-  }
-
-  TempDir dir;
-  Hosted<TTouchFilesAction> h;
 };
 
-TEST_F(TouchFilesTest, DefaultsAndStaticDescriptions) {
-  const TDateTime before = Now();
-  TTouchFilesAction a;
-  EXPECT_GE(a.DateTime(), before);
-  EXPECT_LE(a.DateTime(), Now());
-  EXPECT_TRUE(a.TouchDate());
-  EXPECT_TRUE(a.TouchTime());
-  EXPECT_FALSE(a.TouchReadOnly());
-  EXPECT_FALSE(a.Recurse());
-  EXPECT_FALSE(a.UseNow());
-  EXPECT_EQ("Touch File(s)", a.GetActionName());
-  EXPECT_EQ("Plugins\\TouchFiles.html", a.GetQuickHelpFilename());
-  EXPECT_EQ(980, a.GetHelpTopicID());
-
-  TStringList hidden;
-  a.GetHiddenProperties(hidden);
-  EXPECT_EQ((Lines{"DateTime", "FileCount", "DateTimeAsString"}), hidden.Lines());
-}
-
-TEST_F(TouchFilesTest, PublishedTableStoresOnlyTheSettings) {
-  const TJXClassInfo& info = TTouchFilesAction::ClassInfo();
-  std::vector<std::string> stored, not_stored;
-  for (const TPropertyInfo& p : info.Properties) (p.Stored ? stored : not_stored).push_back(p.Name);
-  EXPECT_EQ((Lines{"DateTime", "FileSpec", "TouchDate", "TouchTime", "TouchReadOnly", "Recurse", "UseNow"}), stored);
-  EXPECT_EQ((Lines{"DateTimeString", "FileCount", "DateTimeAsString"}), not_stored);
-  EXPECT_TRUE(info.FindProperty("FileCount")->ReadOnly);
-}
-
-// The text is "c" in the user's settings, whatever the machine's locale is;
-// text in that form sets DateTime, any other text changes nothing.
-TEST_F(TouchFilesTest, DateTimeAsStringIsTheUsersShortDateAndLongTime) {
-  const TFormatSettings& user = LocaleFormatSettings();
-  EXPECT_EQ(FormatDateTime("c", kTouchTime, user), h.Action.DateTimeAsString());
-
-  const TDateTime evening = EncodeDateTime(1999, 12, 31, 23, 59, 58, 0);
-  h.Action.SetDateTimeAsString(FormatDateTime("c", evening, user));
-  EXPECT_EQ(evening, h.Action.DateTime());
-  const TDateTime midnight = EncodeDate(2001, 2, 3);  // "c" leaves a zero time out
-  h.Action.SetDateTimeAsString(FormatDateTime("c", midnight, user));
-  EXPECT_EQ(midnight, h.Action.DateTime());
-
-  for (const char* text : {"", "tomorrow", "13/13/2001", "2001-02-03T04:05:06"}) {
-    h.Action.SetDateTimeAsString(text);
-    EXPECT_EQ(midnight, h.Action.DateTime()) << text;
+// DateTime as "c" in the user's settings, whatever the machine's locale is;
+// other text changes nothing. The editor of the "Edit..." placeholder works
+// on that text.
+TEST_F(TouchFilesTest, DateTimeAsTextAndItsEditor) {
+  const TPropertyInfo& placeholder = *TTouchFilesAction::ClassInfo().FindProperty("DateTimeString");
+  const std::string text = FormatDateTime("c", kFileTime, LocaleFormatSettings());
+  for (const std::string& typed : {text, std::string("tomorrow"), std::string("2001-02-03T04:05:06")}) {
+    TTouchFilesDateEditor.SetEditText(action, placeholder, typed);
+    EXPECT_EQ(kFileTime, action.DateTime()) << typed;
   }
+  EXPECT_EQ(text, TTouchFilesDateEditor.GetEditText(action, placeholder));
+  EXPECT_EQ("Edit...", placeholder.GetText(action));
 }
 
-TEST_F(TouchFilesTest, ValidateChecksTheStoredSpec) {
-  RecordingValidation errors;
-  EXPECT_FALSE(h.Action.Validate(errors));
-  EXPECT_EQ((Lines{"File Spec: File spec has not been set"}), errors.Errors);
-}
-
-// A file of 2001-05-06 10:11:12 touched with 2020-01-02 03:04:05: the packed
-// FAT time keeps even seconds.
+// A year the packed FAT time cannot hold leaves the file's time, but counts.
 TEST_F(TouchFilesTest, DateTimeOrBothWithTwoSecondResolution) {
-  struct Row {
-    bool Date, Time;
-    const char* Expected;
+  const std::tuple<const char*, const char*, const char*, std::string> rows[] = {
+      {"True", "False", "2020-01-02T03:04:05", "2020-01-02T10:11:12"},
+      {"False", "True", "2020-01-02T03:04:05", "2001-05-06T03:04:04"},
+      {"True", "True", "2020-01-02T03:04:05", kTouched},
+      {"True", "True", "1975-01-01T00:00:00", kOld},
   };
-  for (const Row& row : {Row{true, false, "2020-01-02T10:11:12"}, Row{false, true, "2001-05-06T03:04:04"},
-                         Row{true, true, "2020-01-02T03:04:04"}}) {
+  for (const auto& [date, time, value, expected] : rows) {
     const std::string file = OldFile("a.txt");
-    h.Action.SetTouchDate(row.Date);
-    h.Action.SetTouchTime(row.Time);
-    h.Host.Blocks.clear();
-    EXPECT_TRUE(Run(dir / "*.txt"));
-    EXPECT_EQ(row.Expected, TimeOf(file));
-    EXPECT_EQ((std::vector<Lines>{{"Processed : 1 File(s)"}}), h.Host.Blocks);
+    EXPECT_EQ(Outcome(true, {"Processed : 1 File(s)"}),
+              Run({{"FileSpec", dir / "*.txt"}, {"TouchDate", date}, {"TouchTime", time}, {"DateTime", value}}));
+    EXPECT_EQ(expected, TimeOf(file));
   }
-  EXPECT_EQ(1, h.Action.FileCount());
-}
-
-TEST_F(TouchFilesTest, YearBefore1980LeavesTheTimeButCountsTheFile) {
-  const std::string file = OldFile("a.txt");
-  h.Action.SetDateTime(EncodeDateTime(1975, 1, 1, 0, 0, 0, 0));
-  EXPECT_TRUE(Run(dir / "*.txt"));
-  EXPECT_EQ("2001-05-06T10:11:12", TimeOf(file));
-  EXPECT_EQ(1, h.Action.FileCount());
 }
 
 TEST_F(TouchFilesTest, ReadOnlyFileIsSkippedUnlessAllowedAndStaysReadOnly) {
   const std::string file = OldFile("ro.txt");
   ::chmod(file.c_str(), 0444);
-
-  EXPECT_TRUE(Run(dir / "*.txt"));
-  EXPECT_EQ("2001-05-06T10:11:12", TimeOf(file));
-  EXPECT_EQ((Lines{"Processed : 0 File(s)"}), h.Host.Lines);
-
-  h.Host.Lines.clear();
-  h.Action.SetTouchReadOnly(true);
-  EXPECT_TRUE(Run(dir / "*.txt"));
-  EXPECT_EQ("2020-01-02T03:04:04", TimeOf(file));
-  EXPECT_EQ((Lines{"Processed : 1 File(s)"}), h.Host.Lines);
+  EXPECT_EQ(Outcome(true, {"Processed : 0 File(s)"}), Run({{"FileSpec", dir / "*.txt"}}));
+  EXPECT_EQ(kOld, TimeOf(file));
+  EXPECT_EQ(Outcome(true, {"Processed : 1 File(s)"}), Run({{"TouchReadOnly", "True"}}));
+  EXPECT_EQ(kTouched, TimeOf(file));
   EXPECT_NE(0u, FileGetAttr(file) & faReadOnly);
 }
 
-TEST_F(TouchFilesTest, NothingToDoWithBothFlagsFalse) {
+TEST_F(TouchFilesTest, NothingToDoOrABlankSpecFails) {
   const std::string file = OldFile("a.txt");
-  h.Action.SetTouchDate(false);
-  h.Action.SetTouchTime(false);
-  EXPECT_FALSE(Run(dir / "*.txt"));
-  EXPECT_EQ((std::vector<Lines>{{" Touch Date and TouchTime are not set, nothing to do"}}), h.Host.Blocks);
-  EXPECT_EQ("2001-05-06T10:11:12", TimeOf(file));
+  host.Variables["NONE"] = std::string();
+  EXPECT_EQ(Outcome(false, {"File Spec is blank!"}), Run({{"FileSpec", "%NONE%"}}));
+  EXPECT_EQ(Outcome(false, {" Touch Date and TouchTime are not set, nothing to do"}),
+            Run({{"FileSpec", dir / "*.txt"}, {"TouchDate", "False"}, {"TouchTime", "False"}}));
+  EXPECT_EQ(kOld, TimeOf(file));
 }
 
-TEST_F(TouchFilesTest, BlankExpansionIsReported) {
-  h.Host.Variables["NONE"] = std::string();
-  EXPECT_FALSE(Run("%NONE%"));
-  EXPECT_EQ((Lines{"File Spec is blank!"}), h.Host.Lines);
-}
-
+// A new action holds the moment it was made; UseNow takes the moment of the run.
 TEST_F(TouchFilesTest, UseNowRewritesTheStoredDateTimeAtEveryRun) {
   const std::string file = OldFile("a.txt");
-  h.Action.SetUseNow(true);
   const TDateTime before = Now();
-  EXPECT_TRUE(Run(dir / "*.txt"));
-  const TDateTime first = h.Action.DateTime();
-  EXPECT_GE(first, before);
-  EXPECT_EQ(DateTimeToISO(first).substr(0, 10), TimeOf(file).substr(0, 10));
-
-  h.Action.SetDateTime(kTouchTime);
-  EXPECT_TRUE(Run(dir / "*.txt"));
-  EXPECT_GE(h.Action.DateTime(), first);
+  EXPECT_LE(before, TTouchFilesAction().DateTime());
+  EXPECT_TRUE(Run({{"FileSpec", dir / "*.txt"}, {"UseNow", "True"}}).first);
+  EXPECT_LE(before, action.DateTime());
+  EXPECT_EQ(DateTimeToISO(action.DateTime()).substr(0, 10), TimeOf(file).substr(0, 10));
 }
 
-TEST_F(TouchFilesTest, RecurseSkipsHiddenEntriesAndOtherMasks) {
-  const std::string top = OldFile("x.txt");
-  const std::string deep = OldFile("sub/deeper/y.txt");
-  const std::string other = OldFile("sub/y.log");
-  const std::string hidden_file = OldFile(".h.txt");
-  const std::string in_hidden_dir = OldFile(".git/z.txt");
-  h.Action.SetRecurse(true);
-
-  EXPECT_TRUE(Run(dir / "*.txt"));
-  EXPECT_EQ((Lines{"Processed : 2 File(s)"}), h.Host.Lines);
-  EXPECT_EQ("2020-01-02T03:04:04", TimeOf(top));
-  EXPECT_EQ("2020-01-02T03:04:04", TimeOf(deep));
-  for (const std::string& untouched : {other, hidden_file, in_hidden_dir}) {
-    EXPECT_EQ("2001-05-06T10:11:12", TimeOf(untouched)) << untouched;
-  }
+// A spec without directory part is read in the working directory, and so is
+// its recursion, which passes by hidden entries and other names.
+TEST_F(TouchFilesTest, RecurseFromTheWorkingDirectory) {
+  const std::string top = OldFile("x.txt"), deep = OldFile("sub/deeper/y.txt");
+  const std::string other = OldFile("sub/y.log"), hidden = OldFile(".h.txt"), in_hidden = OldFile(".git/z.txt");
+  test::CurrentDirScope cwd(dir.Path());
+  // Else the recursion below might walk the root.
+  ASSERT_EQ(Outcome(true, {"Processed : 1 File(s)"}), Run({{"FileSpec", "x.txt"}}));
+  EXPECT_EQ(Outcome(true, {"Processed : 2 File(s)"}), Run({{"FileSpec", "*.txt"}, {"Recurse", "True"}}));
+  for (const std::string& touched : {top, deep}) EXPECT_EQ(kTouched, TimeOf(touched)) << touched;
+  for (const std::string& untouched : {other, hidden, in_hidden}) EXPECT_EQ(kOld, TimeOf(untouched)) << untouched;
 }
 
 // A pipe cannot be opened for writing without a reader: the file that fails.
 TEST_F(TouchFilesTest, FailureAboveASucceedingSubdirectoryEndsInSuccess) {
   ASSERT_EQ(0, ::mkfifo((dir / "a.pipe").c_str(), 0644));
-  const std::string below = OldFile("sub/b.pipe");
-
-  EXPECT_FALSE(Run(dir / "*.pipe"));
-  EXPECT_EQ((Lines{"Error touching File : " + (dir / "a.pipe"), "Processed : 0 File(s)"}), h.Host.Lines);
-
-  h.Host.Lines.clear();
-  h.Action.SetRecurse(true);
-  EXPECT_TRUE(Run(dir / "*.pipe"));
-  EXPECT_EQ((Lines{"Error touching File : " + (dir / "a.pipe"), "Processed : 1 File(s)"}), h.Host.Lines);
-  EXPECT_EQ("2020-01-02T03:04:04", TimeOf(below));
-}
-
-// A spec without directory part is read in the working directory, and so is
-// its recursion; neither looks at the root.
-TEST_F(TouchFilesTest, BareSpecMeansTheWorkingDirectory) {
-  OldFile("a.txt");
-  const std::string deep = OldFile("sub/b.txt");
-  test::CurrentDirScope cwd(dir.Path());
-  EXPECT_TRUE(Run("a.txt"));
-  ASSERT_EQ((Lines{"Processed : 1 File(s)"}), h.Host.Lines);  // else the recursion might walk the root
-  h.Action.SetRecurse(true);
-  EXPECT_TRUE(Run("*.txt"));
-  EXPECT_EQ("Processed : 2 File(s)", h.Host.Lines.back());
-  EXPECT_EQ("2020-01-02T03:04:04", TimeOf(deep));
+  const std::string below = OldFile("sub/b.pipe"), failure = "Error touching File : " + (dir / "a.pipe");
+  EXPECT_EQ(Outcome(false, {failure, "Processed : 0 File(s)"}), Run({{"FileSpec", dir / "*.pipe"}}));
+  EXPECT_EQ(Outcome(true, {failure, "Processed : 1 File(s)"}), Run({{"Recurse", "True"}}));
+  EXPECT_EQ(kTouched, TimeOf(below));
 }
 
 }  // namespace
