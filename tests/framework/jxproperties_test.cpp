@@ -35,21 +35,6 @@ TEST(EnumSets, TextRoundTripAndErrors) {
   EXPECT_THROW(ParseSet("[clPink]", kColourInfo), EConvertError);
 }
 
-TEST(PropertyTable, DeleteFilesPublishesItsFourProperties) {
-  const TJXClassInfo& info = TDeleteFilesAction::ClassInfo();
-  ASSERT_EQ(4u, info.Properties.size());
-  EXPECT_EQ("FileSpec", info.Properties[0].Name);
-  EXPECT_EQ(TPropertyKind::pkString, info.Properties[0].Kind);
-  EXPECT_EQ(TPropertyKind::pkWordBool, info.Properties[3].Kind);
-  EXPECT_EQ(&info.Properties[3], info.FindProperty("failifnofile"));
-  EXPECT_EQ(nullptr, info.FindProperty("Target"));
-
-  auto action = info.CreateAction();
-  ASSERT_NE(nullptr, action);
-  EXPECT_EQ("True", info.FindProperty("FailIfNoFile")->GetText(*action));
-  EXPECT_EQ("False", info.FindProperty("DeleteHidden")->GetText(*action));
-}
-
 // A property without a rule of its own is bound straight to its member.
 struct FieldAction : TJXAction {
   static const TJXClassInfo& ClassInfo() {
