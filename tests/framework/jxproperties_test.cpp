@@ -96,15 +96,6 @@ TEST(PropertyTable, SettersConvertTextAndRejectBadValues) {
   EXPECT_EQ("out/*.o", h.Action.FileSpec());
 }
 
-TEST(Description, NameAndFirstKey) {
-  TDeleteFilesAction a;
-  EXPECT_EQ("Delete File(s)", a.GetDescription());
-  a.SetFileSpec("out/*.o");
-  EXPECT_EQ("Delete File(s) (out/*.o)", a.GetDescription());
-  a.SetDisplayName("Remove objects");
-  EXPECT_EQ("Remove objects (out/*.o)", a.GetDescription());
-}
-
 class FormattedAction : public TJXAction {
  public:
   const TJXClassInfo& GetClassInfo() const override { return TDeleteFilesAction::ClassInfo(); }
@@ -113,9 +104,15 @@ class FormattedAction : public TJXAction {
   std::string GetDescriptionKeyValue(int index) const override { return std::string(1, char('A' + index)); }
 };
 
-TEST(Description, FormatStringTakesKeysInIndexOrder) {
-  FormattedAction a;
-  EXPECT_EQ("Set Variable A to B[ C ]", a.GetDescription());
+// Without a format: the display name, and the first key in parentheses; a
+// format string takes the keys in index order.
+TEST(Description, NameAndFirstKeyOrTheFormat) {
+  TDeleteFilesAction a;
+  EXPECT_EQ("Delete File(s)", a.GetDescription());
+  a.SetFileSpec("out/*.o");
+  a.SetDisplayName("Remove objects");
+  EXPECT_EQ("Remove objects (out/*.o)", a.GetDescription());
+  EXPECT_EQ("Set Variable A to B[ C ]", FormattedAction().GetDescription());
 }
 
 TEST(WhileAction, CountsPassesAndStopsOnSignal) {
