@@ -35,21 +35,6 @@ TEST(EnumSets, TextRoundTripAndErrors) {
   EXPECT_THROW(ParseSet("[clPink]", kColourInfo), EConvertError);
 }
 
-TEST(PropertyTable, DeleteFilesPublishesItsFourProperties) {
-  const TJXClassInfo& info = TDeleteFilesAction::ClassInfo();
-  ASSERT_EQ(4u, info.Properties.size());
-  EXPECT_EQ("FileSpec", info.Properties[0].Name);
-  EXPECT_EQ(TPropertyKind::pkString, info.Properties[0].Kind);
-  EXPECT_EQ(TPropertyKind::pkWordBool, info.Properties[3].Kind);
-  EXPECT_EQ(&info.Properties[3], info.FindProperty("failifnofile"));
-  EXPECT_EQ(nullptr, info.FindProperty("Target"));
-
-  auto action = info.CreateAction();
-  ASSERT_NE(nullptr, action);
-  EXPECT_EQ("True", info.FindProperty("FailIfNoFile")->GetText(*action));
-  EXPECT_EQ("False", info.FindProperty("DeleteHidden")->GetText(*action));
-}
-
 // A property without a rule of its own is bound straight to its member.
 struct FieldAction : TJXAction {
   static const TJXClassInfo& ClassInfo() {
@@ -111,15 +96,6 @@ TEST(PropertyTable, SettersConvertTextAndRejectBadValues) {
   EXPECT_EQ("out/*.o", h.Action.FileSpec());
 }
 
-TEST(Description, NameAndFirstKey) {
-  TDeleteFilesAction a;
-  EXPECT_EQ("Delete File(s)", a.GetDescription());
-  a.SetFileSpec("out/*.o");
-  EXPECT_EQ("Delete File(s) (out/*.o)", a.GetDescription());
-  a.SetDisplayName("Remove objects");
-  EXPECT_EQ("Remove objects (out/*.o)", a.GetDescription());
-}
-
 class FormattedAction : public TJXAction {
  public:
   const TJXClassInfo& GetClassInfo() const override { return TDeleteFilesAction::ClassInfo(); }
@@ -128,9 +104,15 @@ class FormattedAction : public TJXAction {
   std::string GetDescriptionKeyValue(int index) const override { return std::string(1, char('A' + index)); }
 };
 
-TEST(Description, FormatStringTakesKeysInIndexOrder) {
-  FormattedAction a;
-  EXPECT_EQ("Set Variable A to B[ C ]", a.GetDescription());
+// Without a format: the display name, and the first key in parentheses; a
+// format string takes the keys in index order.
+TEST(Description, NameAndFirstKeyOrTheFormat) {
+  TDeleteFilesAction a;
+  EXPECT_EQ("Delete File(s)", a.GetDescription());
+  a.SetFileSpec("out/*.o");
+  a.SetDisplayName("Remove objects");
+  EXPECT_EQ("Remove objects (out/*.o)", a.GetDescription());
+  EXPECT_EQ("Set Variable A to B[ C ]", FormattedAction().GetDescription());
 }
 
 TEST(WhileAction, CountsPassesAndStopsOnSignal) {

@@ -1,13 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <cstdio>
+#include <functional>
 #include <memory>
 #include <thread>
 
 #include "host/buildrun.h"
 #include "host/testactions.h"
 #include "rtl/sysutils.h"
-#include "support/tempdir.h"
 
 namespace jx {
 namespace {
@@ -15,172 +14,96 @@ namespace {
 using test::CountLoop;
 using test::StepAction;
 
+template <class... Children>
+std::unique_ptr<CountLoop> Loop(int passes, Children... children) {
+  auto loop = std::make_unique<CountLoop>();
+  loop->Passes = passes;
+  (loop->AddChild(std::move(children)), ...);
+  return loop;
+}
+
+// A step with an outcome, changed by `change` when there is one.
+std::unique_ptr<StepAction> Step(const std::string& label, int outcome = StepAction::soSucceed,
+                                 const std::function<void(StepAction&)>& change = nullptr) {
+  auto step = std::make_unique<StepAction>();
+  step->Label = label;
+  step->Outcome = outcome;
+  if (change) change(*step);
+  return step;
+}
+constexpr int kSucceed = StepAction::soSucceed;
+
 class EngineTest : public ::testing::Test {
  protected:
-  StepAction& AddStep(ActionList& list, const std::string& label, int outcome = StepAction::soSucceed) {
-    auto step = std::make_unique<StepAction>();
-    step->SetLabel(label);
-    step->SetOutcome(outcome);
-    list.push_back(std::move(step));
-    return static_cast<StepAction&>(*list.back());
-  }
-
-  CountLoop& AddLoop(ActionList& list, int passes) {
-    auto loop = std::make_unique<CountLoop>();
-    loop->SetPasses(passes);
-    list.push_back(std::move(loop));
-    return static_cast<CountLoop&>(*list.back());
-  }
-
-  StepAction& AddChildStep(CountLoop& loop, const std::string& label, int outcome = StepAction::soSucceed) {
-    auto step = std::make_unique<StepAction>();
-    step->SetLabel(label);
-    step->SetOutcome(outcome);
-    loop.AddChild(std::move(step));
-    return static_cast<StepAction&>(*loop.Children().back());
-  }
-
-  // Runs the project; the log file's text ends up in log_text, the console's in console_text.
-  bool Run() {
-    std::FILE* console = std::fopen((dir / "console.txt").c_str(), "wb");
-    bool succeeded = false;
-    {
-      BuildLog log(console, false);
-      log.OpenFile(dir / "build.log");
-      run_ = std::make_unique<BuildRun>(project, variables, log, true);
-      succeeded = run_->Run();
-      log.CloseFile();
-    }
-    std::fclose(console);
-    log_text = test::ReadFile(dir / "build.log");
-    console_text = test::ReadFile(dir / "console.txt");
+  // Runs these actions, or with none the project again.
+  template <class... Added>
+  bool Run(Added... actions) {
+    if constexpr (sizeof...(actions) > 0) project.Actions.clear();
+    (project.Actions.push_back(std::move(actions)), ...);
+    test::LogFile log;
+    run_ = std::make_unique<BuildRun>(project, variables, log.Log(), true);
+    const bool succeeded = run_->Run();
+    log_text = log.Text();
     return succeeded;
   }
 
-  test::TempDir dir;
   Project project;
   VariableStore variables;
   std::unique_ptr<BuildRun> run_;
   std::string log_text;
-  std::string console_text;
 };
 
-TEST_F(EngineTest, RunsActionsInOrderWithAHeaderPerRun) {
-  AddStep(project.Actions, "a");
-  AddStep(project.Actions, "b");
-  EXPECT_TRUE(Run());
-  EXPECT_EQ("== Step (a)\nstep a\n== Step (b)\nstep b\n", log_text);
-}
+// Children once per pass; a failing child ends the loop and the build, an
+// ignored one does not; a disabled action, with its children, is skipped.
+TEST_F(EngineTest, LoopsRunTheirChildrenOncePerPass) {
+  EXPECT_TRUE(Run(Step("a"), Loop(2, Step("x"), Step("y")), Step("z")));
+  EXPECT_EQ("== Step (a)\nstep a\n== Count Loop\npass 1\n== Step (x)\nstep x\n== Step (y)\nstep y\n"
+            "== Count Loop\npass 2\n== Step (x)\nstep x\n== Step (y)\nstep y\n== Step (z)\nstep z\n",
+            log_text);
+  EXPECT_TRUE(Run());  // the passes are counted afresh in each run
+  EXPECT_EQ(2, static_cast<CountLoop&>(*project.Actions[1]).PassCount());
 
-TEST_F(EngineTest, ConsoleShowsResultsAndTheBuildsEnd) {
-  AddStep(project.Actions, "a");
-  AddStep(project.Actions, "b", StepAction::soFail).IgnoreFailure = true;
-  AddStep(project.Actions, "c", StepAction::soFail);
-  EXPECT_FALSE(Run());
-  EXPECT_NE(std::string::npos, console_text.find("step a\n-- Success ("));
-  EXPECT_NE(std::string::npos, console_text.find("step b\n-- Failed (ignored)\n"));
-  EXPECT_NE(std::string::npos, console_text.find("step c\n-- Failed ("));
-  EXPECT_EQ("Build failed\n", console_text.substr(console_text.rfind('\n', console_text.size() - 2) + 1));
-}
-
-TEST_F(EngineTest, LoopRunsItsChildrenOncePerPass) {
-  CountLoop& loop = AddLoop(project.Actions, 2);
-  AddChildStep(loop, "x");
-  AddChildStep(loop, "y");
-  AddStep(project.Actions, "after");
-  EXPECT_TRUE(Run());
-  EXPECT_EQ(
-      "== Count Loop\npass 1\n== Step (x)\nstep x\n== Step (y)\nstep y\n"
-      "== Count Loop\npass 2\n== Step (x)\nstep x\n== Step (y)\nstep y\n"
-      "== Step (after)\nstep after\n",
-      log_text);
-}
-
-TEST_F(EngineTest, FailingChildStopsTheLoopAndTheBuild) {
-  CountLoop& loop = AddLoop(project.Actions, 3);
-  AddChildStep(loop, "x", StepAction::soFail);
-  AddChildStep(loop, "y");
-  AddStep(project.Actions, "after");
-  EXPECT_FALSE(Run());
+  EXPECT_FALSE(Run(Loop(3, Step("x", StepAction::soFail), Step("y")), Step("after")));
   EXPECT_EQ("== Count Loop\npass 1\n== Step (x)\nstep x\n", log_text);
+
+  auto off = Loop(1, Step("inner"));
+  off->Enabled = false;
+  EXPECT_TRUE(Run(Loop(2, Step("ignored", StepAction::soFail, [](StepAction& s) { s.IgnoreFailure = true; }),
+                       Step("off", kSucceed, [](StepAction& s) { s.Enabled = false; })),
+                  std::move(off)));
+  EXPECT_EQ("== Count Loop\npass 1\n== Step (ignored)\nstep ignored\n== Count Loop\npass 2\n== Step (ignored)\n"
+            "step ignored\n",
+            log_text);
 }
 
-TEST_F(EngineTest, IgnoredFailureContinuesInsideTheLoop) {
-  CountLoop& loop = AddLoop(project.Actions, 2);
-  AddChildStep(loop, "x", StepAction::soFail).IgnoreFailure = true;
-  EXPECT_TRUE(Run());
-  EXPECT_EQ("== Count Loop\npass 1\n== Step (x)\nstep x\n== Count Loop\npass 2\n== Step (x)\nstep x\n", log_text);
-}
-
-TEST_F(EngineTest, DisabledActionsAndTheirChildrenAreSkipped) {
-  AddStep(project.Actions, "off").Enabled = false;
-  CountLoop& loop = AddLoop(project.Actions, 1);
-  loop.Enabled = false;
-  AddChildStep(loop, "inner");
-  AddStep(project.Actions, "on");
-  EXPECT_TRUE(Run());
-  EXPECT_EQ("== Step (on)\nstep on\n", log_text);
-}
-
-TEST_F(EngineTest, DisabledChildIsSkippedInEveryPass) {
-  CountLoop& loop = AddLoop(project.Actions, 2);
-  AddChildStep(loop, "off").Enabled = false;
-  AddChildStep(loop, "on");
-  EXPECT_TRUE(Run());
-  EXPECT_EQ("== Count Loop\npass 1\n== Step (on)\nstep on\n== Count Loop\npass 2\n== Step (on)\nstep on\n", log_text);
-}
-
-TEST_F(EngineTest, ExceptionFailsTheActionWithItsText) {
-  AddStep(project.Actions, "a", StepAction::soThrow);
-  AddStep(project.Actions, "b");
-  EXPECT_FALSE(Run());
+// An error raised in an action fails it with its text; Synchronize runs its
+// method on the main thread, and raises its error on the build thread.
+TEST_F(EngineTest, ErrorsAndSynchronize) {
+  EXPECT_FALSE(Run(Step("a", StepAction::soThrow), Step("b")));
   EXPECT_EQ("== Step (a)\nstep a\nError: step a broke\n", log_text);
-}
-
-TEST_F(EngineTest, LoopPassCountIsResetBeforeTheRun) {
-  CountLoop& loop = AddLoop(project.Actions, 1);
-  EXPECT_TRUE(Run());
-  EXPECT_EQ(1, loop.PassCount());
-  EXPECT_TRUE(Run());
-  EXPECT_EQ(1, loop.PassCount());
-}
-
-TEST_F(EngineTest, SynchronizeRunsOnTheMainThread) {
-  const std::thread::id main_thread = std::this_thread::get_id();
   std::thread::id execute_thread, synchronized_thread;
-  AddStep(project.Actions, "a").OnExecute = [&](StepAction& step) {
-    execute_thread = std::this_thread::get_id();
-    step.Synchronize([&] { synchronized_thread = std::this_thread::get_id(); });
-  };
-  EXPECT_TRUE(Run());
-  EXPECT_NE(main_thread, execute_thread);
-  EXPECT_EQ(main_thread, synchronized_thread);
+  EXPECT_FALSE(Run(Step("s", kSucceed, [&](StepAction& s) {
+    s.OnExecute = [&](StepAction& step) {
+      execute_thread = std::this_thread::get_id();
+      step.Synchronize([&] { synchronized_thread = std::this_thread::get_id(); });
+      step.Synchronize([] { throw Exception("dialog failed"); });
+    };
+  })));
+  EXPECT_EQ("== Step (s)\nstep s\nError: dialog failed\n", log_text);
+  EXPECT_NE(std::this_thread::get_id(), execute_thread);
+  EXPECT_EQ(std::this_thread::get_id(), synchronized_thread);
 }
 
-TEST_F(EngineTest, SynchronizeRethrowsOnTheBuildThread) {
-  AddStep(project.Actions, "a").OnExecute = [](StepAction& step) {
-    step.Synchronize([] { throw Exception("dialog failed"); });
-  };
-  EXPECT_FALSE(Run());
-  EXPECT_EQ("== Step (a)\nstep a\nError: dialog failed\n", log_text);
-}
-
+// A stop terminates the running action and ends the build, between the passes
+// of a loop too.
 TEST_F(EngineTest, StopTerminatesTheRunningActionAndEndsTheBuild) {
-  StepAction& first = AddStep(project.Actions, "a");
-  first.OnExecute = [this](StepAction& step) { step.Synchronize([this] { run_->Stop(); }); };
-  StepAction& second = AddStep(project.Actions, "b");
-  EXPECT_FALSE(Run());
-  EXPECT_EQ(1, first.Terminations());
-  EXPECT_EQ(0, second.Terminations());
-  EXPECT_EQ("== Step (a)\nstep a\nBuild stopped by user\n", log_text);
-}
-
-TEST_F(EngineTest, StopEndsALoopBetweenPasses) {
-  CountLoop& loop = AddLoop(project.Actions, 5);
-  AddChildStep(loop, "x").OnExecute = [this](StepAction& step) {
-    step.Synchronize([this] { run_->Stop(); });
+  const auto stop = [this](StepAction& s) {
+    s.OnExecute = [this](StepAction& step) { step.Synchronize([this] { run_->Stop(); }); };
   };
-  EXPECT_FALSE(Run());
+  EXPECT_FALSE(Run(Step("a", kSucceed, stop), Step("b")));
+  EXPECT_EQ("== Step (a)\nstep a\nBuild stopped by user\n", log_text);
+  EXPECT_EQ(1, static_cast<StepAction&>(*project.Actions[0]).Terminations);
+  EXPECT_FALSE(Run(Loop(5, Step("x", kSucceed, stop))));
   EXPECT_EQ("== Count Loop\npass 1\n== Step (x)\nstep x\nBuild stopped by user\n", log_text);
 }
 

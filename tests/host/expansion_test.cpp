@@ -3,77 +3,45 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <tuple>
 
 #include "rtl/sysutils.h"
 
 namespace jx {
 namespace {
 
-const std::map<std::string, std::string, std::less<>> kVariables = {
-    {"OUT", "build"}, {"A.B-c_1", "dotted"}, {"PCT", "%OUT%"}, {"EMPTY", ""}};
-
 bool Resolve(std::string_view name, std::string& value) {
-  auto it = kVariables.find(name);
-  if (it == kVariables.end()) return false;
+  static const std::map<std::string, std::string, std::less<>> variables = {
+      {"OUT", "build"}, {"A.B-c_1", "dotted"}, {"PCT", "%OUT%"}, {"EMPTY", ""}};
+  auto it = variables.find(name);
+  if (it == variables.end()) return false;
   value = it->second;
   return true;
 }
 
-struct Row {
-  const char* text;
-  const char* expected;
-  int count;
-};
-
-class ExpansionTable : public ::testing::TestWithParam<Row> {};
-
-TEST_P(ExpansionTable, Expands) {
-  int count = -1;
-  EXPECT_EQ(GetParam().expected, ExpandReferences(GetParam().text, Resolve, count));
-  EXPECT_EQ(GetParam().count, count);
-}
-
-INSTANTIATE_TEST_SUITE_P(Rules, ExpansionTable,
-                         ::testing::Values(Row{"", "", 0},                                   //
-                                           Row{"plain text", "plain text", 0},               //
-                                           Row{"%OUT%/*.o", "build/*.o", 1},                 //
-                                           Row{"$(OUT)/x", "build/x", 1},                    //
-                                           Row{"%OUT%$(OUT)", "buildbuild", 2},              //
-                                           Row{"%A.B-c_1%", "dotted", 1},                    //
-                                           Row{"[%EMPTY%]", "[]", 1},                        //
-                                           Row{"100%%", "100%", 0},                          //
-                                           Row{"%%OUT%%", "%OUT%", 0},                       //
-                                           Row{"$$(OUT)", "$(OUT)", 0},                      //
-                                           Row{"50% off", "50% off", 0},                     //
-                                           Row{"a % b %OUT%", "a % b build", 1},             //
-                                           Row{"%", "%", 0},                                 //
-                                           Row{"%OUT", "%OUT", 0},                           //
-                                           Row{"%1X%", "%1X%", 0},                           //
-                                           Row{"%O T%", "%O T%", 0},                         //
-                                           Row{"$(OUT", "$(OUT", 0},                         //
-                                           Row{"$OUT $( OUT)", "$OUT $( OUT)", 0},           //
-                                           Row{"$$", "$$", 0},                               //
-                                           Row{"%PCT%", "%OUT%", 1}));                       // not expanded again
-
-TEST(Expansion, UnknownVariableNamesIt) {
-  int count = 0;
-  try {
-    ExpandReferences("x %NOPE% y", Resolve, count);
-    FAIL() << "no exception";
-  } catch (const Exception& e) {
-    EXPECT_EQ("Variable \"NOPE\" is not defined", e.Message());
+// Text, what it expands to (or the error's message), how many references.
+TEST(Expansion, ReferencesEscapesAndLiteralText) {
+  const std::tuple<const char*, const char*, int> rows[] = {
+      {"", "", 0}, {"plain text", "plain text", 0}, {"%OUT%/*.o", "build/*.o", 1}, {"$(OUT)/x", "build/x", 1},
+      {"%OUT%$(OUT)", "buildbuild", 2}, {"%A.B-c_1%", "dotted", 1}, {"[%EMPTY%]", "[]", 1}, {"100%%", "100%", 0},
+      {"%%OUT%%", "%OUT%", 0}, {"$$(OUT)", "$(OUT)", 0}, {"50% off", "50% off", 0},
+      {"a % b %OUT%", "a % b build", 1}, {"%", "%", 0}, {"%OUT", "%OUT", 0}, {"%1X%", "%1X%", 0},
+      {"%O T%", "%O T%", 0}, {"$(OUT", "$(OUT", 0}, {"$OUT $( OUT)", "$OUT $( OUT)", 0}, {"$$", "$$", 0},
+      {"%PCT%", "%OUT%", 1},  // not expanded again
+      {"x %NOPE% y", "Variable \"NOPE\" is not defined", -1},
+      {"$(Missing)", "Variable \"Missing\" is not defined", -1}};
+  for (const auto& [text, expected, references] : rows) {
+    int count = -1;
+    try {
+      EXPECT_EQ(expected, ExpandReferences(text, Resolve, count)) << text;
+      EXPECT_EQ(references, count) << text;
+    } catch (const Exception& e) {
+      EXPECT_EQ(expected, e.Message()) << text;
+      EXPECT_EQ(-1, references) << text;
+    }
   }
-  EXPECT_THROW(ExpandReferences("$(Missing)", Resolve, count), Exception);
-}
-
-TEST(Expansion, VariableNames) {
-  EXPECT_TRUE(IsVariableName("_a1.b-c"));
-  EXPECT_TRUE(IsVariableName("X"));
-  EXPECT_FALSE(IsVariableName(""));
-  EXPECT_FALSE(IsVariableName("1A"));
-  EXPECT_FALSE(IsVariableName("-A"));
-  EXPECT_FALSE(IsVariableName("A B"));
-  EXPECT_FALSE(IsVariableName("A%"));
+  for (const char* name : {"_a1.b-c", "X"}) EXPECT_TRUE(IsVariableName(name)) << name;
+  for (const char* name : {"", "1A", "-A", "A B", "A%"}) EXPECT_FALSE(IsVariableName(name)) << name;
 }
 
 }  // namespace

@@ -2,119 +2,69 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/clock.h"
 #include "rtl/formatdatetime.h"
-#include "support/recordinghost.h"
+#include "support/actiontest.h"
 
 namespace jx {
 namespace {
 
-using test::Hosted;
-using test::RecordingValidation;
-using Lines = std::vector<std::string>;
+using DateTimeActionTest = test::ActionTest<TDateTimeAction>;
 
-// The patterns below use no names and no separators, so the results do not
-// depend on the machine's locale.
-class DateTimeActionTest : public ::testing::Test {
- protected:
-  DateTimeActionTest() {
-    h.Action.TheDate = EncodeDateTime(2026, 11, 15, 14, 5, 9, 7);
-    h.Action.JXVariable = "STAMP";
-  }
-  Hosted<TDateTimeAction> h;
+struct Row {
+  const char* variable;
+  const char* pattern;
+  bool force_separators;
+  bool result;
+  const char* log;  // the last log line
+  const char* value;  // what the variable named as written holds, or "(unset)"
 };
 
-TEST_F(DateTimeActionTest, DefaultsAndDescriptions) {
-  const TDateTime before = Now();
-  TDateTimeAction a;
-  const TDateTime after = Now();
-  EXPECT_EQ("ddmmyyyy", a.DateFormat);
-  EXPECT_LE(before, a.TheDate);
-  EXPECT_GE(after, a.TheDate);
-  EXPECT_FALSE(a.UseNow);
-  EXPECT_EQ("", a.JXVariable);
-  EXPECT_FALSE(a.ForceSeparators);
-  EXPECT_EQ("Get DateTime", a.GetActionName());
-  EXPECT_EQ("Plugins\\GetDateTime.html", a.GetQuickHelpFilename());
-  EXPECT_EQ(1560, a.GetHelpTopicID());
-
-  TStringList alias, help;
-  a.GetPropertyAlias(alias);
-  a.GetPropertyHelp(help);
-  EXPECT_EQ((Lines{"[DateTime]", "JXVariable=JX Variable", "DateFormat=Date Format", "TheDate=The Date",
-                   "UseNow=UseNow"}),
-            alias.Lines());
-  EXPECT_EQ((Lines{"JXVariable=Jaxtor Variable to set", "DateFormat=Date Format - eg. dd/mm/yyyy, d mmm yy, etc.",
-                   "TheDate=The Date to use", "UseNow=Uses the current datetime instead of \"TheDate\""}),
-            help.Lines());
-
-  RecordingValidation errors;
-  EXPECT_TRUE(a.Validate(errors));
-  EXPECT_TRUE(errors.Errors.empty());
-}
-
-TEST_F(DateTimeActionTest, DefaultPatternGivesEightDigitsDayFirst) {
-  EXPECT_TRUE(h.Action.Execute());
-  EXPECT_EQ(Variant("15112026"), h.Host.Variables["STAMP"]);
-  EXPECT_EQ((std::vector<Lines>{{"Set Variable \"STAMP\" to \"15112026\""}}), h.Host.Blocks);
-}
-
-TEST_F(DateTimeActionTest, TheVariableIsNamedAsWrittenNotAsExpanded) {
-  h.Host.Variables["NAME"] = std::string("TARGET");
-  h.Action.JXVariable = "%NAME%";
-  EXPECT_TRUE(h.Action.Execute());
-  EXPECT_EQ(Variant("15112026"), h.Host.Variables["%NAME%"]);
-  EXPECT_EQ(0u, h.Host.Variables.count("TARGET"));
-  EXPECT_EQ((Lines{"Set Variable \"%NAME%\" to \"15112026\""}), h.Host.Lines);
-}
-
-TEST_F(DateTimeActionTest, BlankNameOrPatternFailsAtRunTime) {
-  h.Host.Variables["BLANK"] = std::string("  ");
-  for (const char* name : {"", "   ", "%BLANK%"}) {
-    h.Action.JXVariable = name;
-    EXPECT_FALSE(h.Action.Execute()) << name;
+// The patterns use no names and no separators, so the results do not depend
+// on the machine's locale. The variable set is the one named as written.
+TEST_F(DateTimeActionTest, FormatsTheStoredDateIntoTheVariable) {
+  host.Variables = {{"NAME", Variant("TARGET")}, {"BLANK", Variant("  ")}};
+  const Row rows[] = {
+      {"STAMP", "ddmmyyyy", false, true, "Set Variable \"STAMP\" to \"15112026\"", "15112026"},
+      {"%NAME%", "ddmmyyyy", false, true, "Set Variable \"%NAME%\" to \"15112026\"", "15112026"},
+      {"STAMP", "yyyy mm", true, true, "Set Variable \"STAMP\" to \"yyyy mm\"", "yyyy mm"},  // quoted: literal
+      {"", "ddmmyyyy", false, false, "Variable name must be specified!", "(unset)"},
+      {"%BLANK%", "ddmmyyyy", false, false, "Variable name must be specified!", "(unset)"},
+      {"STAMP", " \t", false, false, "A Date Format must be specified!", "(unset)"},
+      {"%MISSING%", "ddmmyyyy", false, false,
+       "Error Expanding String property (JX Variable) : Variable \"MISSING\" is not defined", "(unset)"},
+      {"STAMP", "dd%NOFMT%", false, false,
+       "Error Expanding String property (DateFormat) : Variable \"NOFMT\" is not defined", "(unset)"},
+  };
+  for (const Row& row : rows) {
+    host.Variables.erase(row.variable);
+    action.TheDate = EncodeDateTime(2026, 11, 15, 14, 5, 9, 7);
+    action.JXVariable = row.variable;
+    action.DateFormat = row.pattern;
+    action.ForceSeparators = row.force_separators;
+    EXPECT_EQ(row.result, action.Execute()) << row.variable << " " << row.pattern;
+    EXPECT_EQ(row.log, host.Lines.back());
+    EXPECT_EQ(row.value, host.Variables.count(row.variable) ? host.Variables[row.variable].ToString() : "(unset)");
   }
-  h.Action.JXVariable = "STAMP";
-  h.Action.DateFormat = " \t";
-  EXPECT_FALSE(h.Action.Execute());
-  EXPECT_EQ((Lines{"Variable name must be specified!", "Variable name must be specified!",
-                   "Variable name must be specified!", "A Date Format must be specified!"}),
-            h.Host.Lines);
-  EXPECT_EQ(1u, h.Host.Variables.size());
+  EXPECT_EQ(0u, host.Variables.count("TARGET"));
 }
 
-TEST_F(DateTimeActionTest, ExpansionErrorsNameTheProperty) {
-  h.Action.JXVariable = "%MISSING%";
-  EXPECT_FALSE(h.Action.Execute());
-  h.Action.JXVariable = "STAMP";
-  h.Action.DateFormat = "dd%NOFMT%";
-  EXPECT_FALSE(h.Action.Execute());
-  EXPECT_EQ((std::vector<Lines>{
-                {"Error Expanding String property (JX Variable) : Variable \"MISSING\" is not defined"},
-                {"Error Expanding String property (DateFormat) : Variable \"NOFMT\" is not defined"}}),
-            h.Host.Blocks);
-  EXPECT_TRUE(h.Host.Variables.empty());
-}
+// A new action holds its moment of creation, which UseNow replaces by the
+// moment of the run; no property needs a value for it to be valid.
+TEST_F(DateTimeActionTest, TheMomentOfCreationOrOfTheRun) {
+  const TDateTime before = Now();
+  TDateTimeAction fresh;
+  EXPECT_TRUE(before <= fresh.TheDate && fresh.TheDate <= Now());
+  test::RecordingValidation errors;
+  EXPECT_TRUE(fresh.Validate(errors) && errors.Errors.empty());
 
-// The host helper wraps the whole pattern in double quotes, which the pattern
-// language reads as literal text.
-TEST_F(DateTimeActionTest, ForceSeparatorsQuotesThePattern) {
-  h.Action.DateFormat = "yyyy mm";
-  h.Action.ForceSeparators = true;
-  EXPECT_TRUE(h.Action.Execute());
-  EXPECT_EQ(Variant("yyyy mm"), h.Host.Variables["STAMP"]);
-}
-
-TEST_F(DateTimeActionTest, UseNowFormatsTheMomentOfTheRun) {
-  h.Action.DateFormat = "yyyymmdd";
-  h.Action.TheDate = EncodeDateTime(2001, 2, 3, 0, 0, 0, 0);
-  h.Action.UseNow = true;
-  const std::string before = FormatDateTime("yyyymmdd", Now(), ClassicFormatSettings());
-  EXPECT_TRUE(h.Action.Execute());
-  const std::string after = FormatDateTime("yyyymmdd", Now(), ClassicFormatSettings());
-  const std::string stamp = h.Host.Variables["STAMP"].ToString();
-  EXPECT_TRUE(stamp == before || stamp == after) << stamp;
-  EXPECT_NE("20010203", stamp);
+  action.DateFormat = "yyyymmdd";
+  action.TheDate = EncodeDateTime(2001, 2, 3, 0, 0, 0, 0);
+  action.UseNow = true;
+  action.JXVariable = "STAMP";
+  const std::string today = FormatDateTime("yyyymmdd", Now(), ClassicFormatSettings());
+  EXPECT_TRUE(action.Execute());
+  const std::string stamp = host.Variables["STAMP"].ToString();
+  EXPECT_TRUE(stamp == today || stamp == FormatDateTime("yyyymmdd", Now(), ClassicFormatSettings())) << stamp;
 }
 
 }  // namespace
