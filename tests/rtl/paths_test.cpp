@@ -6,9 +6,8 @@ namespace jx {
 namespace {
 
 // POSIX rules: '/' is the only delimiter and there are no drive letters.
-TEST(Paths, SplitsAtTheLastDelimiter) {
-  const char* const rows[][5] = {
-      // name, path, dir, file name, extension
+TEST(Paths, ClassicPathFunctions) {
+  const char* const rows[][5] = {  // name, path, dir, file name, extension
       {"", "", "", "", ""}, {"/", "/", "/", "", ""}, {"a/", "a/", "a", "", ""}, {"/a", "/", "/", "a", ""},
       {"/a/b.c", "/a/", "/a", "b.c", ".c"}, {"a.b/c", "a.b/", "a.b", "c", ""}, {"a.b.c", "", "", "a.b.c", ".c"},
       {"//x", "//", "//", "x", ""},  // a root of two delimiters stays whole
@@ -22,25 +21,21 @@ TEST(Paths, SplitsAtTheLastDelimiter) {
   const char* const extensions[][3] = {{"a.txt", ".bak", "a.bak"}, {"a", ".bak", "a.bak"}, {"d.x/a", ".bak", "d.x/a.bak"},
                                        {"a.b.c", "", "a.b"}, {"/x/.rc", ".y", "/x/.y"}, {"", ".e", ".e"}};
   for (const auto& row : extensions) EXPECT_EQ(row[2], ChangeFileExt(row[0], row[1])) << row[0];
-}
-
-TEST(Paths, DrivesDelimitersAndJoins) {
-  const char* const drives[][2] = {{"/usr/bin", ""}, {"C:/x", ""}, {"//server/share/dir/file", "//server/share"},
-                                   {"//server/", "//server"}, {"//", "//"}};
-  for (const auto& row : drives) EXPECT_EQ(row[1], ExtractFileDrive(row[0])) << row[0];
+  EXPECT_EQ(std::tuple("", "", "//server/share", "//server"),
+            std::tuple(ExtractFileDrive("/usr/bin"), ExtractFileDrive("C:/x"), ExtractFileDrive("//server/share/d/f"),
+                       ExtractFileDrive("//server/")));
   const char* const trailing[][3] = {  // text, with delimiter, without
       {"", "/", ""}, {"/", "/", ""}, {"a", "a/", "a"}, {"a/", "a/", "a"}, {"a//", "a//", "a/"}};
-  for (const auto& row : trailing) {
-    EXPECT_EQ(std::tuple(row[1], row[2]), std::tuple(IncludeTrailingPathDelimiter(row[0]), ExcludeTrailingPathDelimiter(row[0])));
+  for (const auto& [text, with, without] : trailing) {
+    EXPECT_EQ(std::tuple(with, without), std::tuple(IncludeTrailingPathDelimiter(text), ExcludeTrailingPathDelimiter(text)));
   }
   EXPECT_EQ((std::tuple(true, false, false, false)), std::tuple(IsPathDelimiter("a/b", 1), IsPathDelimiter("a/b", 0),
                                                               IsPathDelimiter("a/b", 5), IsPathDelimiter("a\\b", 1)));
   const char* const joins[][3] = {{"", "f", "f"}, {"d", "f", "d/f"}, {"d/", "f", "d/f"}, {"/", "f", "/f"}};
   for (const auto& row : joins) EXPECT_EQ(row[2], JoinPath(row[0], row[1])) << row[0];
   EXPECT_EQ((std::tuple(true, true, false)), std::tuple(HasWildcards("*.o"), HasWildcards("a?"), HasWildcards("a.o")));
-  const std::string name = "dir/Grüße 日本.txt";
-  EXPECT_EQ(name, FromFsPath(ToFsPath(name)));
-  EXPECT_TRUE(ToFsPath(name).filename().u8string() == u8"Grüße 日本.txt");  // gtest cannot print u8string
+  EXPECT_TRUE(ToFsPath("dir/Grüße 日本.txt").filename().u8string() == u8"Grüße 日本.txt");  // UTF-8 kept
+  EXPECT_EQ("dir/Grüße 日本.txt", FromFsPath(ToFsPath("dir/Grüße 日本.txt")));
 }
 
 }  // namespace

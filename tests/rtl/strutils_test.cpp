@@ -1,12 +1,15 @@
+// Text conversions of the classic runtime: strings, numbers, booleans, variants.
 #include "rtl/strutils.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
 #include <limits>
 
 #include "messageof.h"
 #include "rtl/sysutils.h"
+#include "rtl/variant.h"
 
 namespace jx {
 namespace {
@@ -14,12 +17,9 @@ namespace {
 using test::MessageOf;
 
 TEST(Trim, RemovesBlanksAndControlCharacters) {
-  const char* const rows[][4] = {
-      // text, Trim, TrimLeft, TrimRight
-      {"", "", "", ""}, {" \t\r\n\x01" "a b\x1f ", "a b", "a b\x1f ", " \t\r\n\x01" "a b"},
-      {"\x7f", "\x7f", "\x7f", "\x7f"},  // DEL is above ' '
-      {" \x02 ", "", "", ""}, {" é ", "é", "é ", " é"},  // bytes above 127 are text
-  };
+  const char* const rows[][4] = {  // text, Trim, TrimLeft, TrimRight; DEL and bytes above 127 are text
+      {" \t\r\n\x01" "a b\x1f ", "a b", "a b\x1f ", " \t\r\n\x01" "a b"}, {"\x7f", "\x7f", "\x7f", "\x7f"},
+      {" \x02 ", "", "", ""}, {" é ", "é", "é ", " é"}};
   for (const auto& row : rows) {
     EXPECT_EQ(std::tuple(row[1], row[2], row[3]), std::tuple(Trim(row[0]), TrimLeft(row[0]), TrimRight(row[0]))) << row[0];
   }
@@ -27,31 +27,25 @@ TEST(Trim, RemovesBlanksAndControlCharacters) {
 
 TEST(IntegerText, ClassicForms) {
   const std::pair<const char*, int64_t> rows32[] = {  // INT64_MAX: not an integer
-      {"42", 42}, {"-7", -7}, {"+5", 5}, {"007", 7}, {"$FF", 255}, {"0x1F", 31}, {"0X1f", 31}, {"-$10", -16},
-      {"-0x10", -16}, {"$FFFFFFFF", -1}, {"$80000000", INT32_MIN}, {"2147483647", INT32_MAX},
-      {"-2147483648", INT32_MIN}, {"2147483648", INT64_MAX}, {"-2147483649", INT64_MAX}, {"$100000000", INT64_MAX},
-      {" 1", INT64_MAX}, {"1 ", INT64_MAX}, {"", INT64_MAX}, {"-", INT64_MAX}, {"$", INT64_MAX}, {"0x", INT64_MAX},
-      {"+-1", INT64_MAX}, {"1.5", INT64_MAX}, {"$G", INT64_MAX},
+      {"-7", -7}, {"+5", 5}, {"007", 7}, {"$FF", 255}, {"0X1f", 31}, {"-$10", -16}, {"$FFFFFFFF", -1},
+      {"$80000000", INT32_MIN}, {"2147483647", INT32_MAX}, {"-2147483648", INT32_MIN}, {"2147483648", INT64_MAX},
+      {"-2147483649", INT64_MAX}, {"$100000000", INT64_MAX}, {" 1", INT64_MAX}, {"1 ", INT64_MAX}, {"", INT64_MAX},
+      {"-", INT64_MAX}, {"0x", INT64_MAX}, {"+-1", INT64_MAX}, {"1.5", INT64_MAX}, {"$G", INT64_MAX},
   };
   for (const auto& [text, value] : rows32) {
     int32_t parsed = 0;
     EXPECT_EQ(value != INT64_MAX, TryStrToInt(text, parsed)) << text;
     EXPECT_EQ(value != INT64_MAX ? value : -99, StrToIntDef(text, -99)) << text;
   }
-  const std::pair<const char*, int64_t> rows64[] = {
-      {"9223372036854775807", INT64_MAX}, {"-9223372036854775808", INT64_MIN}, {"9223372036854775808", -99},
-      {"$FFFFFFFF", 4294967295}, {"$FFFFFFFFFFFFFFFF", -1}, {"$10000000000000000", -99}, {"2147483648", 2147483648},
-  };
+  const std::pair<const char*, int64_t> rows64[] = {{"-9223372036854775808", INT64_MIN}, {"9223372036854775808", -99},
+                                                    {"$FFFFFFFF", 4294967295}, {"$FFFFFFFFFFFFFFFF", -1}};
   for (const auto& [text, value] : rows64) EXPECT_EQ(value, StrToInt64Def(text, -99)) << text;
-  EXPECT_EQ("'abc' is not a valid integer value", MessageOf<EConvertError>([] { StrToInt("abc"); }));
   EXPECT_EQ("' 1' is not a valid integer value", MessageOf<EConvertError>([] { StrToInt64(" 1"); }));
 }
 
 TEST(BooleanText, WordsInAnyCaseOrNumbers) {
   const std::pair<const char*, int> rows[] = {  // -1: not a boolean
-      {"True", 1}, {"FALSE", 0}, {"tRuE", 1}, {"0", 0}, {"-1", 1}, {"2.5", 1}, {"0.0", 0}, {"$10", 1}, {"yes", -1},
-      {"", -1}, {"True ", -1},
-  };
+      {"tRuE", 1}, {"FALSE", 0}, {"0", 0}, {"-1", 1}, {"2.5", 1}, {"$10", 1}, {"yes", -1}, {"", -1}, {"True ", -1}};
   for (const auto& [text, expected] : rows) {
     bool value = false;
     const bool ok = TryStrToBool(text, value);
@@ -72,55 +66,70 @@ TEST(FloatText, GeneralFormatWith15DigitsAndParsing) {
       {1.5e-7, "1.5E-7"}, {std::nan(""), "NAN"}, {inf, "INF"}, {-inf, "-INF"},
   };
   for (const auto& [value, text] : rows) EXPECT_EQ(text, FloatToStr(value)) << text;
-  const std::pair<const char*, double> valid[] = {
-      {"1.5", 1.5}, {" 1.5e3 ", 1500}, {"+2", 2}, {"-.5", -0.5}, {"5.", 5}, {"1E-2", 0.01}, {"1e-400", 0}};
-  for (const auto& [text, expected] : valid) EXPECT_EQ(expected, StrToFloat(text)) << text;
-  for (const char* text : {"1e400", "1,5", "inf", "nan", "", ".", "1e", "\t1", "0x10"}) {
-    double value = 0;
-    EXPECT_FALSE(TryStrToFloat(text, value)) << text;
+  for (const auto& [text, expected] : {std::pair{" 1.5e3 ", 1500.0}, {"-.5", -0.5}, {"5.", 5.0}, {"1e-400", 0.0}}) {
+    EXPECT_EQ(expected, StrToFloat(text)) << text;
   }
+  double value = 0;
+  for (const char* text : {"1e400", "1,5", "inf", "", ".", "1e", "\t1", "0x10"}) EXPECT_FALSE(TryStrToFloat(text, value)) << text;
   EXPECT_EQ("'1,5' is not a valid floating point value", MessageOf<EConvertError>([] { StrToFloat("1,5"); }));
 }
 
 // The plain functions look at ASCII letters only; the Ansi ones at every
 // letter (without one-letter upper ß or final-sigma context).
-TEST(Text, CaseAndComparison) {
-  EXPECT_EQ(std::tuple("ÀBC1", "àbc"), std::tuple(UpperCase("Àbc1"), LowerCase("àBC")));
-  EXPECT_EQ("STRAßE ÄÖÜ ÉŸ Ą", AnsiUpperCase("straße äöü éÿ ą"));
-  EXPECT_EQ("àéî σασ привет ł", AnsiLowerCase("ÀÉÎ ΣΑΣ ПРИВЕТ Ł"));
-  EXPECT_EQ("ΣΑΣ", AnsiUpperCase("σας"));
+TEST(Text, CaseComparisonAndReplace) {
+  EXPECT_EQ(std::tuple("ÀBC1", "àbc", "STRAßE ÄÖÜ Ą", "àéî σασ привет", "ΣΑΣ"),
+            std::tuple(UpperCase("Àbc1"), LowerCase("àBC"), AnsiUpperCase("straße äöü ą"),
+                       AnsiLowerCase("ÀÉÎ ΣΑΣ ПРИВЕТ"), AnsiUpperCase("σας")));
   EXPECT_EQ("a\xff\xc3" "b", AnsiLowerCase("A\xff\xc3" "B"));  // bytes that are no UTF-8 pass through
-  using Compare = int (*)(std::string_view, std::string_view);
-  const struct { Compare compare; const char *a, *b; int sign; } orders[] = {
-      {CompareText, "apple", "Banana", -1}, {CompareText, "_", "a", 1},  // letters compare as upper case
-      {CompareText, "ABC", "abc", 0}, {CompareStr, "B", "a", -1}, {CompareStr, "é", "z", 1},  // bytes compare unsigned
-      {AnsiCompareText, "é", "F", 1}, {AnsiCompareText, "ÉTÉ", "été", 0}, {AnsiCompareText, "ab", "ABC", -1},
-  };
-  for (const auto& o : orders) {
-    const int result = o.compare(o.a, o.b);
-    EXPECT_EQ(o.sign, (result > 0) - (result < 0)) << o.a << " | " << o.b;
-  }
-  using Test = bool (*)(std::string_view, std::string_view);
-  const struct { Test test; const char *a, *b; bool result; } tests[] = {
-      {SameText, "Abc", "aBC", true}, {SameText, "Ärger", "ärger", false}, {AnsiSameText, "Ärger", "äRGER", true},
-      {AnsiSameText, "Ärger", "Ärgerx", false}, {StartsText, "MAKE", "Makefile", true},
-      {StartsText, "Makefile.am", "Makefile", false}, {EndsText, ".TXT", "a.txt", true}, {EndsText, ".txt", "txt", false},
-  };
-  for (const auto& t : tests) EXPECT_EQ(t.result, t.test(t.a, t.b)) << t.a << " | " << t.b;
+  const auto sign = [](int v) { return (v > 0) - (v < 0); };
+  EXPECT_EQ(std::tuple(-1, 1, 0), std::tuple(sign(CompareText("apple", "Banana")), sign(CompareText("_", "a")),
+                                             sign(CompareText("ABC", "abc"))));  // letters compare as upper case
+  EXPECT_EQ(std::tuple(-1, 1), std::tuple(sign(CompareStr("B", "a")), sign(CompareStr("é", "z"))));  // bytes, unsigned
+  EXPECT_EQ(std::tuple(1, 0), std::tuple(sign(AnsiCompareText("é", "F")), sign(AnsiCompareText("ÉTÉ", "été"))));
+  EXPECT_EQ(std::tuple(true, false, true, false),
+            std::tuple(SameText("Abc", "aBC"), SameText("Ärger", "ärger"), AnsiSameText("Ärger", "äRGER"),
+                       AnsiSameText("Ärger", "Ärgerx")));
+  EXPECT_EQ(std::tuple(true, false, true, false), std::tuple(StartsText("MAKE", "Makefile"), StartsText("Makefile.am", "Makefile"),
+                                                             EndsText(".TXT", "a.txt"), EndsText(".txt", "txt")));
+  EXPECT_EQ(std::tuple("x-b-a", "a-b-a", "aa", "abc", "gut gut"),  // no rescan of replaced text
+            std::tuple(StringReplace("a-b-a", "a", "x", 0), StringReplace("a-b-a", "A", "x", rfReplaceAll),
+                       StringReplace("aaa", "aa", "a", rfReplaceAll), StringReplace("abc", "", "x", rfReplaceAll),
+                       StringReplace("Übel übel", "übel", "gut", rfReplaceAll | rfIgnoreCase)));
+  EXPECT_EQ(std::tuple("'it''s'", "00FF", "FFFFFFFFFFFFFFFF", "18446744073709551615"),
+            std::tuple(QuotedStr("it's"), IntToHex(255, 4), IntToHex(static_cast<uint64_t>(-1), 2), UIntToStr(UINT64_MAX)));
 }
 
-TEST(Text, ReplaceQuoteAndNumbers) {
-  const struct { const char *text, *from, *to; unsigned flags; const char* result; } rows[] = {
-      {"a-b-a", "A", "x", rfReplaceAll | rfIgnoreCase, "x-b-x"}, {"a-b-a", "a", "x", 0, "x-b-a"},
-      {"a-b-a", "A", "x", rfReplaceAll, "a-b-a"}, {"aaa", "aa", "a", rfReplaceAll, "aa"},  // no rescan of replaced text
-      {"abc", "", "x", rfReplaceAll, "abc"}, {"Grüße GRÜSSE grüße", "GRÜSSE", "-", rfReplaceAll | rfIgnoreCase, "Grüße - grüße"},
-      {"Übel übel", "übel", "gut", rfReplaceAll | rfIgnoreCase, "gut gut"},
+TEST(Variant, TypesTextsAndConversions) {
+  const std::tuple<Variant, TVarType, const char*, int64_t, double, bool> rows[] = {
+      // value, type, text, ToInt64 (banker's rounding), ToFloat, ToBool
+      {Variant(), TVarType::Empty, "", 0, 0, false}, {Variant("$10"), TVarType::String, "$10", 16, 16, true},
+      {Variant("2.5"), TVarType::String, "2.5", 2, 2.5, true}, {Variant(int32_t{-3}), TVarType::Integer, "-3", -3, -3, true},
+      {Variant(uint32_t{4000000000u}), TVarType::Unsigned, "4000000000", 4000000000, 4e9, true},
+      {Variant(INT64_MIN), TVarType::Int64, "-9223372036854775808", INT64_MIN, -9223372036854775808.0, true},
+      {Variant(3.5), TVarType::Float, "3.5", 4, 3.5, true}, {Variant(1e15), TVarType::Float, "1E15", 1000000000000000, 1e15, true},
+      {Variant(true), TVarType::Boolean, "True", -1, -1, true}, {Variant(false), TVarType::Boolean, "False", 0, 0, false},
   };
-  for (const auto& row : rows) EXPECT_EQ(row.result, StringReplace(row.text, row.from, row.to, row.flags)) << row.text;
-  EXPECT_EQ(std::tuple("'it''s'", "''"), std::tuple(QuotedStr("it's"), QuotedStr("")));
-  EXPECT_EQ(std::tuple("00FF", "1F", "FFFFFFFFFFFFFFFF"),
-            std::tuple(IntToHex(255, 4), IntToHex(31, 1), IntToHex(static_cast<uint64_t>(-1), 2)));
-  EXPECT_EQ(std::tuple("-9223372036854775808", "18446744073709551615"), std::tuple(IntToStr(INT64_MIN), UIntToStr(UINT64_MAX)));
+  for (const auto& [value, type, text, as_int64, as_float, as_bool] : rows) {
+    const bool numeric = type != TVarType::Empty && type != TVarType::String && type != TVarType::Boolean;
+    EXPECT_EQ(std::tuple(type, text, numeric, as_int64, as_float, as_bool),
+              std::tuple(value.Type(), value.ToString(), value.IsNumeric(), value.ToInt64(), value.ToFloat(), value.ToBool()));
+  }
+  EXPECT_EQ(std::tuple(-1, true, false), std::tuple(Variant("$FFFFFFFF").ToInteger(), Variant("true").ToBool(),
+                                                    Variant("0").ToBool()));  // a 32-bit pattern as an Integer
+}
+
+TEST(Variant, FailedCastsNameBothTypes) {
+  const std::pair<const char*, std::function<void()>> failures[] = {
+      {"(String) into type (Int64)", [] { Variant("abc").ToInt64(); }},
+      {"(String) into type (Float)", [] { Variant("").ToFloat(); }},
+      {"(String) into type (Boolean)", [] { Variant("abc").ToBool(); }},
+      {"(Int64) into type (Integer)", [] { Variant(int64_t{1} << 40).ToInteger(); }},
+      {"(Unsigned) into type (Integer)", [] { Variant(uint32_t{0x80000000u}).ToInteger(); }},
+      {"(Float) into type (Int64)", [] { Variant(1e20).ToInt64(); }},
+  };
+  for (const auto& [types, convert] : failures) {
+    EXPECT_EQ(std::string("Could not convert variant of type ") + types, MessageOf<EVariantTypeCastError>(convert));
+  }
 }
 
 }  // namespace
