@@ -189,7 +189,7 @@ std::string DateTimeToStr(TDateTime value) {
 std::string DateTimeToISO(TDateTime value) {
   const TDateTimeParts p = DecodeDateTime(value);
   std::string text = FormatDate(p.Year, p.Month, p.Day) + "T" + FormatTime(p.Hour, p.Minute, p.Second);
-  if (p.MilliSecond != 0) text += "." + ZeroPadded(p.MilliSecond, 3);
+  if (p.MilliSecond != 0) text.append(".").append(ZeroPadded(p.MilliSecond, 3));
   return text;
 }
 

@@ -331,8 +331,9 @@ std::string FloatToStr(double value) {
   std::string out = negative ? "-" : "";
   if (exponent >= 15 || exponent < -4) {
     out += digits[0];
-    if (digits.size() > 1) out += "." + digits.substr(1);
-    out += "E" + std::to_string(exponent);
+    // Appended piece by piece: "." + a temporary trips a false -Wrestrict of GCC 12 at -O3.
+    if (digits.size() > 1) out.append(".").append(digits, 1);
+    out.append("E").append(std::to_string(exponent));
   } else if (exponent < 0) {
     out += "0." + std::string(-exponent - 1, '0') + digits;
   } else {

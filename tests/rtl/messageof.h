@@ -1,5 +1,4 @@
-// The message of the exception of type E that `call` throws, or "" when it
-// throws none: one line per expected error in the tables.
+// The message of the exception of type E that `call` throws; "" when none.
 #pragma once
 
 #include <string>
