@@ -13,6 +13,15 @@ bool DirectoryExists(const std::string& path);
 // and a directory are refused with kErrorAccessDenied, as on Win32, whoever
 // runs the process.
 bool RemoveFile(const std::string& path);
+// Whether a name can outlast a delete that succeeded: on Windows a file that
+// is still open elsewhere keeps its name until the last handle closes; a
+// successful unlink on POSIX has removed the name, so looking again only
+// costs a call per file.
+#ifdef _WIN32
+inline constexpr bool kRemovedNameMayLinger = true;
+#else
+inline constexpr bool kRemovedNameMayLinger = false;
+#endif
 
 std::string GetCurrentDir();  // "" and the last error on failure
 bool SetCurrentDir(const std::string& path);

@@ -106,7 +106,7 @@ TCustomDeleteFilesAction::TDeleteOutcome TCustomDeleteFilesAction::DeleteOne(con
     }
   }
   if (RemoveFile(file_name)) {
-    if (FileExists(file_name)) return TDeleteOutcome::Failed;
+    if (kRemovedNameMayLinger && FileExists(file_name)) return TDeleteOutcome::Failed;
     SetLastError(0);
     return TDeleteOutcome::Deleted;
   }
