@@ -8,7 +8,7 @@ packages=(
   libpugixml-dev libcli11-dev libfmt-dev libsodium-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   g++-mingw-w64-x86-64-posix
-  hyperfine
+  hyperfine strace
 )
 
 missing=()
