@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
 #include <utility>
 
 #include "actions/files/bactions2.h"
@@ -15,22 +16,15 @@ namespace {
 enum TColour { clRed, clGreen, clBlue };
 const TEnumTypeInfo kColourInfo{"TColour", {"clRed", "clGreen", "clBlue"}, {"Red", "Green", "Blue"}};
 
-TEST(EnumTypeInfo, ReadsNamesAndCaptionsInAnyCase) {
-  EXPECT_EQ(1, kColourInfo.OrdinalOf("clGreen"));
-  EXPECT_EQ(1, kColourInfo.OrdinalOf("CLGREEN"));
-  EXPECT_EQ(2, kColourInfo.OrdinalOf("blue"));
-  EXPECT_EQ(-1, kColourInfo.OrdinalOf("clPink"));
+// Names and captions read in any case; sets as bracketed lists of names.
+TEST(EnumTypeInfo, NamesCaptionsAndSets) {
+  EXPECT_EQ(std::tuple(1, 1, 2, -1), std::tuple(kColourInfo.OrdinalOf("clGreen"), kColourInfo.OrdinalOf("CLGREEN"),
+                                                kColourInfo.OrdinalOf("blue"), kColourInfo.OrdinalOf("clPink")));
   EXPECT_EQ("clBlue", kColourInfo.NameOf(2));
-}
-
-TEST(EnumSets, TextRoundTripAndErrors) {
   const uint32_t set = SetOf({clRed, clBlue});
-  EXPECT_EQ("[clRed,clBlue]", SetToText(set, kColourInfo));
-  EXPECT_EQ("[]", SetToText(0, kColourInfo));
-  EXPECT_EQ(set, ParseSet(" [ clBlue , clRed ] ", kColourInfo));
-  EXPECT_EQ(0u, ParseSet("[]", kColourInfo));
-  EXPECT_TRUE(InSet(set, clBlue));
-  EXPECT_FALSE(InSet(set, clGreen));
+  EXPECT_EQ(std::tuple("[clRed,clBlue]", "[]"), std::tuple(SetToText(set, kColourInfo), SetToText(0, kColourInfo)));
+  EXPECT_EQ(std::tuple(set, 0u), std::tuple(ParseSet(" [ clBlue , clRed ] ", kColourInfo), ParseSet("[]", kColourInfo)));
+  EXPECT_TRUE(InSet(set, clBlue) && !InSet(set, clGreen));
   EXPECT_THROW(ParseSet("clRed", kColourInfo), EConvertError);
   EXPECT_THROW(ParseSet("[clPink]", kColourInfo), EConvertError);
 }
@@ -70,49 +64,17 @@ TEST(PropertyTable, BindsMembersDirectly) {
     p.SetText(a, text);
     EXPECT_EQ(text, p.GetText(a)) << name;
   }
-  EXPECT_EQ("x y", a.Name);
-  EXPECT_FALSE(a.Flag);
-  EXPECT_EQ(clBlue, a.Colour);
-  EXPECT_EQ(SetOf({clGreen, clBlue}), a.Colours);
-  EXPECT_EQ(2u, a.Lines.Count());
+  EXPECT_EQ(std::tuple("x y", false, clBlue, SetOf({clGreen, clBlue}), 2),
+            std::tuple(a.Name, a.Flag, a.Colour, a.Colours, a.Lines.Count()));
 }
 
-TEST(PropertyTable, SettersConvertTextAndRejectBadValues) {
-  test::Hosted<TDeleteFilesAction> h;
-  const TJXClassInfo& info = TDeleteFilesAction::ClassInfo();
-  info.FindProperty("DeleteHidden")->SetText(h.Action, "true");
-  EXPECT_TRUE(h.Action.DeleteHidden());
-  info.FindProperty("DeleteHidden")->SetText(h.Action, "0");
-  EXPECT_FALSE(h.Action.DeleteHidden());
-  try {
-    info.FindProperty("FailIfNoFile")->SetText(h.Action, "maybe");
-    FAIL() << "no error";
-  } catch (const EConvertError& e) {
-    EXPECT_EQ("'maybe' is not a valid boolean value", e.Message());
-  }
-  // A description-key property set by name still goes through the host.
-  info.FindProperty("FileSpec")->SetText(h.Action, "out/*.o");
-  ASSERT_EQ(1u, h.Host.KeyUpdates.size());
-  EXPECT_EQ("out/*.o", h.Action.FileSpec());
-}
-
-class FormattedAction : public TJXAction {
- public:
-  const TJXClassInfo& GetClassInfo() const override { return TDeleteFilesAction::ClassInfo(); }
-  std::string GetActionName() const override { return "Set Variable"; }
-  std::string GetDescriptionFormatString() const override { return InternalGetActionName() + " %s to %s[ %s ]"; }
-  std::string GetDescriptionKeyValue(int index) const override { return std::string(1, char('A' + index)); }
-};
-
-// Without a format: the display name, and the first key in parentheses; a
-// format string takes the keys in index order.
-TEST(Description, NameAndFirstKeyOrTheFormat) {
+// Without a format: the display name, and the first key in parentheses.
+TEST(Description, DisplayNameAndFirstKey) {
   TDeleteFilesAction a;
   EXPECT_EQ("Delete File(s)", a.GetDescription());
   a.SetFileSpec("out/*.o");
   a.SetDisplayName("Remove objects");
   EXPECT_EQ("Remove objects (out/*.o)", a.GetDescription());
-  EXPECT_EQ("Set Variable A to B[ C ]", FormattedAction().GetDescription());
 }
 
 TEST(WhileAction, CountsPassesAndStopsOnSignal) {

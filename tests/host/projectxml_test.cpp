@@ -6,6 +6,7 @@
 
 #include "actions/files/bactions2.h"
 #include "host/testactions.h"
+#include "rtl/messageof.h"
 
 namespace jx {
 namespace {
@@ -67,15 +68,7 @@ TEST(ProjectXml, LoadsAndSavesVariablesActionsListsScriptsAndChildren) {
   EXPECT_EQ(std::string::npos, xml.find("Terminations"));
 }
 
-// The message of the load error that loading `xml` raises, or "loaded".
-std::string LoadErrorOf(const std::string& xml) {
-  try {
-    Parse(xml);
-  } catch (const ProjectLoadError& e) {
-    return e.Message();
-  }
-  return "loaded";
-}
+std::string LoadErrorOf(const std::string& xml) { return test::MessageOf<ProjectLoadError>([&] { Parse(xml); }); }
 
 std::string InActions(const std::string& xml) { return "<Project><Actions>" + xml + "</Actions></Project>"; }
 std::string InStep(const std::string& xml) { return InActions("<Action Class=\"TStepAction\">" + xml + "</Action>"); }

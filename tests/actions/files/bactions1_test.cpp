@@ -8,7 +8,9 @@
 #include "actions/files/fileactiontest.h"
 #include "platform/fileops.h"
 #include "platform/lasterror.h"
+#include "rtl/messageof.h"
 #include "rtl/strutils.h"
+#include "rtl/sysutils.h"
 
 namespace jx {
 namespace {
@@ -100,6 +102,112 @@ TEST_F(DeleteDirectoryTest, TreeDeletionTakesLinksNotWhatTheyPointTo) {
   EXPECT_TRUE(Run({{"FileOrDirectory", dir / "target"}}).first);
   EXPECT_FALSE(fs::exists(dir / "target"));
   EXPECT_TRUE(fs::exists(outside));
+}
+
+class SetVariableTest : public test::ActionTest<TSetVariableAction> {
+ protected:
+  // The value stored for V from `value` with `modifier` and `type`.
+  Variant Run(const std::string& value, TJXSetVariableModifier modifier = smNone,
+              TJXSetVariableForceType type = ftDefault) {
+    action.SetVariableName("V");
+    action.SetNewValue(value);
+    action.SetModifier(modifier);
+    action.SetForceType(type);
+    EXPECT_TRUE(action.Execute());
+    return host.Variables["V"];
+  }
+  std::string RunText(const std::string& value, TJXSetVariableModifier modifier) {
+    return Run(value, modifier, ftString).ToString();
+  }
+  // The message of the error that Execute raises, "" when none.
+  std::string Failure() { return test::MessageOf<Exception>([this] { action.Execute(); }); }
+};
+
+TEST_F(SetVariableTest, TextAndPathModifiers) {
+  const std::tuple<TJXSetVariableModifier, std::string, std::string> rows[] = {
+      {smNone, " a ", " a "},          {smTrim, " \ta b\r\n", "a b"},       {smTrimLeft, " a ", "a "},
+      {smTrimRight, " a ", " a"},      {smAddQuotes, "it's", "'it''s'"},    {smAddDoubleQuotes, "a b", "\"a b\""},
+      {smStripQuotes, "'a b'", "a b"}, {smLowerCase, "AbC-É", "abc-É"},     {smUpperCase, "aBc-é", "ABC-é"},
+      {smIncludeTrailingBackSlash, "/a", "/a/"},  {smExcludeTrailingBackSlash, "/a/", "/a"},
+      {smExtractFileName, "/a.d/f.tar.gz", "f.tar.gz"}, {smExtractFilePath, "/a.d/f", "/a.d/"},
+      {smExtractFileDrive, "/a/f.txt", ""},       {smExtractFileExt, "/a.d/f.tar.gz", ".gz"},
+      {smRemoveFileExt, "/a.d/f.tar.gz", "/a.d/f.tar"}, {smRemoveFileExt, "/a.d/f", "/a.d/f"},
+  };
+  for (const auto& [modifier, input, expected] : rows) {
+    EXPECT_EQ(expected, RunText(input, modifier)) << SetVariableModifierStrings[modifier];
+  }
+}
+
+// Steps change integers only; automatic typing takes decimal text alone as an
+// integer, and the sentinels fall through to the next type.
+TEST_F(SetVariableTest, TypedValues) {
+  const std::tuple<std::string, TJXSetVariableModifier, TJXSetVariableForceType, Variant> rows[] = {
+      {"41", smIncrement, ftDefault, int32_t{42}},  {"0", smDeincrement, ftDefault, int32_t{-1}},
+      {"abc", smIncrement, ftDefault, "abc"},       {"1.5", smIncrement, ftDefault, 1.5},
+      {"-653268", smIncrement, ftDefault, int32_t{-653268}},
+      {"2147483647", smIncrement, ftDefault, int32_t{INT32_MIN}},
+      {"12", smNone, ftDefault, int32_t{12}},       {"-7", smNone, ftDefault, int32_t{-7}},
+      {"1.5", smNone, ftDefault, 1.5},              {"true", smNone, ftDefault, true},
+      {"FALSE", smNone, ftDefault, false},          {"1.2.3", smNone, ftDefault, "1.2.3"},
+      {"", smNone, ftDefault, ""},                  {"$10", smNone, ftDefault, "$10"},
+      {"0x1F", smNone, ftDefault, "0x1F"},          {"3000000000", smNone, ftDefault, 3e9},
+      {"-989898999", smNone, ftDefault, -989898999.0},
+      {"-0.989898999", smNone, ftDefault, "-0.989898999"},
+      {"12", smNone, ftString, "12"},               {"12", smNone, ftInteger, int32_t{12}},
+      {"2", smNone, ftFloat, 2.0},                  {"1", smNone, ftBoolean, true},
+  };
+  for (const auto& [input, modifier, type, expected] : rows) EXPECT_EQ(expected, Run(input, modifier, type)) << input;
+}
+
+TEST_F(SetVariableTest, ForcedTypesThatDoNotConvertFailWithoutStoring) {
+  action.SetVariableName("V");
+  action.SetNewValue("abc");
+  for (const auto& [type, what] :
+       {std::pair{ftInteger, "integer"}, {ftFloat, "floating point"}, {ftBoolean, "boolean"}}) {
+    action.SetForceType(type);
+    EXPECT_EQ(std::string("'abc' is not a valid ") + what + " value", Failure());
+  }
+  EXPECT_TRUE(host.Variables.empty());
+}
+
+TEST_F(SetVariableTest, ExpandsTheNewValueOrModifiesTheExistingValue) {
+  host.Variables["A"] = int32_t{7};
+  EXPECT_EQ(Variant("7-x"), Run("%A%-x"));
+  host.Variables["V"] = std::string("abc");
+  action.SetApplyToExisting(true);
+  EXPECT_EQ(Variant("ABC"), Run("ignored", smUpperCase));
+  action.SetVariableName("");
+  EXPECT_EQ("No Variable specified", Failure());
+}
+
+TEST_F(SetVariableTest, EncryptAndDecryptRoundTripThroughTheHost) {
+  const std::string encrypted = RunText("s3cret pass", smEncrypt);
+  std::string expected;
+  ASSERT_TRUE(host.EncryptString("s3cret pass", "k7x2mwq9zrtp@hnbc5s", expected));
+  EXPECT_EQ(expected, encrypted);
+  EXPECT_EQ("s3cret pass", RunText(encrypted, smDecrypt));
+  action.SetNewValue("plain text");
+  EXPECT_EQ("Unable to decrypt the value of V: it is not an encrypted value", Failure());
+}
+
+TEST_F(SetVariableTest, ShortFileNamesOfAList) {
+  const std::string a = dir.MakeDir("a long name"), b = dir.MakeDir("another long name");
+  EXPECT_EQ(a + ";" + b, RunText("\"" + a + "\";" + b, smShortFileName));
+  EXPECT_EQ(";" + b, RunText(dir / "missing;" + b, smShortFileName));
+  EXPECT_EQ("", RunText("\"" + a + "\"", smShortFileName));  // quotes stay on a single path
+}
+
+// The modifier is description key 1, by its text: "Trim" names smTrim, "" smNone.
+TEST_F(SetVariableTest, DescriptionKeysAndModifierByName) {
+  EXPECT_EQ("Set Variable  to [  ]", action.GetDescription());
+  action.SetVariableName("OUT");
+  action.SetModifier(smTrim);
+  action.SetNewValue("x");
+  EXPECT_EQ("Set Variable OUT to Trim[ x ]", action.GetDescription());
+  EXPECT_EQ(1, host.KeyUpdates.at(1).Index);
+  action.SetDescriptionKeyValue(1, "");
+  EXPECT_EQ(smNone, action.Modifier());
+  EXPECT_THROW(action.SetDescriptionKeyValue(1, "Bogus"), EConvertError);
 }
 
 }  // namespace
