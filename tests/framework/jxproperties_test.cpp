@@ -82,8 +82,7 @@ TEST(WhileAction, CountsPassesAndStopsOnSignal) {
     const TJXClassInfo& GetClassInfo() const override { return TDeleteFilesAction::ClassInfo(); }
   };
   test::Hosted<Loop> h;
-  EXPECT_TRUE(h.Action.Execute());
-  EXPECT_TRUE(h.Action.Execute());
+  EXPECT_TRUE(h.Action.Execute() && h.Action.Execute());
   EXPECT_EQ("Pass 2", h.Action.GetStatusText());
   h.Host.Stop = true;
   EXPECT_FALSE(h.Action.Execute());
@@ -94,7 +93,6 @@ TEST(WhileAction, CountsPassesAndStopsOnSignal) {
 TEST(Scripts, DeclaredOnceAndRunThroughTheHost) {
   test::Hosted<TDeleteFilesAction> h;
   IJXActionScript& script = h.Action.AddScript("OnFindText");
-  script.SetScriptText("x = 1");
   EXPECT_EQ(&script, &h.Action.AddScript("OnFindText"));
   EXPECT_EQ(nullptr, h.Action.GetScriptByName("OnReadLine"));
   EXPECT_EQ((std::vector<std::string>{"OnFindText"}), h.Action.GetScriptNames());

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "rtl/formatdatetime.h"
 #include "support/actiontest.h"
 
@@ -10,14 +12,9 @@ namespace {
 
 using DateTimeActionTest = test::ActionTest<TDateTimeAction>;
 
-struct Row {
-  const char* variable;
-  const char* pattern;
-  bool force_separators;
-  bool result;
-  const char* log;  // the last log line
-  const char* value;  // what the variable named as written holds, or "(unset)"
-};
+// Variable, DateFormat, ForceSeparators, result, the last log line, and what
+// the variable named as written holds, or "(unset)".
+using Row = std::tuple<const char*, const char*, bool, bool, const char*, const char*>;
 
 // The patterns use no names and no separators, so the results do not depend
 // on the machine's locale. The variable set is the one named as written.
@@ -35,15 +32,15 @@ TEST_F(DateTimeActionTest, FormatsTheStoredDateIntoTheVariable) {
       {"STAMP", "dd%NOFMT%", false, false,
        "Error Expanding String property (DateFormat) : Variable \"NOFMT\" is not defined", "(unset)"},
   };
-  for (const Row& row : rows) {
-    host.Variables.erase(row.variable);
-    action.TheDate = EncodeDateTime(2026, 11, 15, 14, 5, 9, 7);
-    action.JXVariable = row.variable;
-    action.DateFormat = row.pattern;
-    action.ForceSeparators = row.force_separators;
-    EXPECT_EQ(row.result, action.Execute()) << row.variable << " " << row.pattern;
-    EXPECT_EQ(row.log, host.Lines.back());
-    EXPECT_EQ(row.value, host.Variables.count(row.variable) ? host.Variables[row.variable].ToString() : "(unset)");
+  action.TheDate = EncodeDateTime(2026, 11, 15, 14, 5, 9, 7);
+  for (const auto& [variable, pattern, force_separators, result, log, value] : rows) {
+    host.Variables.erase(variable);
+    action.JXVariable = variable;
+    action.DateFormat = pattern;
+    action.ForceSeparators = force_separators;
+    EXPECT_EQ(result, action.Execute()) << variable << " " << pattern;
+    EXPECT_EQ(log, host.Lines.back());
+    EXPECT_EQ(value, host.Variables.count(variable) ? host.Variables[variable].ToString() : "(unset)");
   }
   EXPECT_EQ(0u, host.Variables.count("TARGET"));
 }
