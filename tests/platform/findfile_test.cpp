@@ -53,9 +53,7 @@ class FindFileTest : public ::testing::Test {
     const bool stored = FileSetAttr(dir_.WriteFile("flagged.txt"), faHidden) &&
                         FileSetAttr(dir_.WriteFile("system.bin"), faSysFile) &&
                         FileSetAttr(dir_.WriteFile("archived.txt"), faArchive);
-    if (!stored) {
-      GTEST_SKIP() << "no extended attributes on the temporary file system";
-    }
+    if (!stored) GTEST_SKIP() << "no extended attributes on the temporary file system";
   }
 
   // The names of FindFirst/FindNext, sorted: the OS decides their order.

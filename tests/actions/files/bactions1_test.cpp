@@ -56,33 +56,32 @@ class DeleteDirectoryTest : public test::FileActionTest<TDeleteDirectoryAction> 
   }
 };
 
-// A missing directory counts as deleted; a full one needs DeleteTree.
+// A missing directory counts as deleted; a full one needs DeleteTree, which
+// takes a link inside the tree but not what it leads to.
 TEST_F(DeleteDirectoryTest, MissingOrNonEmptyDirectory) {
   dir.WriteFile("target/sub/.hidden");
+  const std::string outside = dir.WriteFile("outside/keep.txt");
+  fs::create_directory_symlink(dir / "outside", dir / "target/link");
   EXPECT_EQ(Outcome(true, {}), Run({{"FileOrDirectory", dir / "missing"}}));
   EXPECT_EQ(Failure(dir / "target", kErrorDirNotEmpty),
             Run({{"FileOrDirectory", dir / "target"}, {"DeleteTree", "False"}}));
   EXPECT_EQ(Outcome(true, {}), Run({{"DeleteTree", "True"}}));
   EXPECT_FALSE(fs::exists(dir / "target"));
+  EXPECT_TRUE(fs::exists(outside));
 }
 
 // The working directory stays where it is, so that a relative path of a
-// later action still means what it says.
-TEST_F(DeleteDirectoryTest, RelativePathsKeepTheWorkingDirectory) {
+// later action still means what it says; only one inside the tree moves, to the root.
+TEST_F(DeleteDirectoryTest, WorkingDirectoryMovesOnlyOutOfTheDeletedTree) {
   dir.WriteFile("gone/a.txt");
   test::CurrentDirScope cwd(dir.Path());
   EXPECT_TRUE(Run({{"FileOrDirectory", "gone"}}).first);
   EXPECT_FALSE(fs::exists(dir / "gone"));
   ASSERT_EQ(dir.Path(), GetCurrentDir());  // else the create below would act on the root
-  EXPECT_TRUE(test::RunWith<TCreateDirectoryAction>({{"FileOrDirectory", "made"}}).first);
-  EXPECT_TRUE(fs::is_directory(dir / "made"));
-}
-
-// Only a working directory inside the tree moves, to the root.
-TEST_F(DeleteDirectoryTest, DeletesTheTreeThatHoldsTheWorkingDirectory) {
-  test::CurrentDirScope cwd(dir.MakeDir("target/sub"));
-  EXPECT_TRUE(Run({{"FileOrDirectory", dir / "target"}}).first);
-  EXPECT_FALSE(fs::exists(dir / "target"));
+  EXPECT_TRUE(test::RunWith<TCreateDirectoryAction>({{"FileOrDirectory", "made/sub"}, {"Force", "True"}}).first);
+  test::CurrentDirScope inside(dir / "made/sub");
+  EXPECT_TRUE(Run({{"FileOrDirectory", dir / "made"}}).first);
+  EXPECT_FALSE(fs::exists(dir / "made"));
   EXPECT_EQ("/", GetCurrentDir());
 }
 
@@ -94,14 +93,6 @@ TEST_F(DeleteDirectoryTest, ReadOnlyEntriesGoOnlyWithDeleteReadOnly) {
   EXPECT_TRUE(fs::exists(locked));
   EXPECT_TRUE(Run({{"DeleteReadOnly", "True"}}).first);
   EXPECT_FALSE(fs::exists(target));
-}
-
-TEST_F(DeleteDirectoryTest, TreeDeletionTakesLinksNotWhatTheyPointTo) {
-  const std::string outside = dir.WriteFile("outside/keep.txt");
-  fs::create_directory_symlink(dir / "outside", dir.MakeDir("target") + "/link");
-  EXPECT_TRUE(Run({{"FileOrDirectory", dir / "target"}}).first);
-  EXPECT_FALSE(fs::exists(dir / "target"));
-  EXPECT_TRUE(fs::exists(outside));
 }
 
 class SetVariableTest : public test::ActionTest<TSetVariableAction> {
