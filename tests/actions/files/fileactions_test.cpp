@@ -40,11 +40,9 @@ TEST(NewFileAction, ValidationReportsEveryRuleThatFails) {
   const Lines no_spec{"File Spec: The file spec has not been set"};
   const Lines copy{no_spec[0], "Target: The target file/directory has not been set"};
   const std::pair<Lines, Lines> rows[] = {
-      {ErrorsOf<TDeleteFilesAction>(), no_spec},
-      {ErrorsOf<TSetFileAttributesAction>(), no_spec},
+      {ErrorsOf<TDeleteFilesAction>(), no_spec}, {ErrorsOf<TSetFileAttributesAction>(), no_spec},
       {ErrorsOf<TTouchFilesAction>(), {"File Spec: File spec has not been set"}},
-      {ErrorsOf<TCopyFilesAction>(), copy},
-      {ErrorsOf<TMoveFilesAction>(), copy},
+      {ErrorsOf<TCopyFilesAction>(), copy}, {ErrorsOf<TMoveFilesAction>(), copy},
       {ErrorsOf<TFileExistsAction>(), {"FileOrDirectory: Field is empty!"}},
       {ErrorsOf<TCreateDirectoryAction>(), {"Directory: The directory to create has not been set"}},
       {ErrorsOf<TDeleteDirectoryAction>(), {"Directory: The directory to delete has not been set"}},
