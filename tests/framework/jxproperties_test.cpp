@@ -23,7 +23,8 @@ TEST(EnumTypeInfo, NamesCaptionsAndSets) {
   EXPECT_EQ("clBlue", kColourInfo.NameOf(2));
   const uint32_t set = SetOf({clRed, clBlue});
   EXPECT_EQ(std::tuple("[clRed,clBlue]", "[]"), std::tuple(SetToText(set, kColourInfo), SetToText(0, kColourInfo)));
-  EXPECT_EQ(std::tuple(set, 0u), std::tuple(ParseSet(" [ clBlue , clRed ] ", kColourInfo), ParseSet("[]", kColourInfo)));
+  EXPECT_EQ(set, ParseSet(" [ clBlue , clRed ] ", kColourInfo));
+  EXPECT_EQ(0u, ParseSet("[]", kColourInfo));
   EXPECT_TRUE(InSet(set, clBlue) && !InSet(set, clGreen));
   EXPECT_THROW(ParseSet("clRed", kColourInfo), EConvertError);
   EXPECT_THROW(ParseSet("[clPink]", kColourInfo), EConvertError);

@@ -53,8 +53,7 @@ TEST_F(CopyFilesTest, CopiesIntoADirectoryItCreates) {
 }
 
 TEST_F(CopyFilesTest, SeveralMatchesGoOntoOneFileUnlessItExists) {
-  dir.WriteFile("a.txt", "a");
-  dir.WriteFile("b.txt", "b");
+  for (const std::string name : {"a", "b"}) dir.WriteFile(name + ".txt", name);
   const std::string one = dir / "one.dat";
   EXPECT_TRUE(Run({{"FileSpec", dir / "*.txt"}, {"Target", one}}).first);
   fs::remove(one);
@@ -130,8 +129,7 @@ TEST_F(MoveFilesTest, MovingAFileOntoItselfKeepsIt) {
 }
 
 TEST_F(MoveFilesTest, FailedMovesCountUnlessStopOnAnyErrors) {
-  dir.WriteFile("a");
-  dir.WriteFile("b");
+  for (const char* name : {"a", "b"}) dir.WriteFile(name);
   const Outcome counted = Run({{"FileSpec", dir / "?"}, {"Target", dir / "missing"}, {"TargetIsDir", "True"}});
   EXPECT_TRUE(counted.first);
   EXPECT_EQ(2, action.ErrorCount());
