@@ -10,6 +10,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <iterator>
 #include <thread>
 
 #include "cli/jaxtorprocess.h"
@@ -29,32 +30,24 @@ class StopTest : public ::testing::Test {
                            ActionXml("TFileIterator", {{"VariableName", "ITEM"}, {"FileSpec", dir / "in/*.fifo"}}, copy));
   }
 
-  // Opens the writing end of whichever pipe a pass is copying; -1 when the
-  // process ended first. A pipe without a reader refuses a non-blocking open.
-  int OpenPipeBeingCopied(const JaxtorProcess& process) {
-    for (int tries = 0; tries < 2000; ++tries) {
+  // Waits for a pass to block on its pipe, sends Ctrl-C, and waits for the
+  // notice that jaxtor took it. Returns the writing end of that pipe (a pipe
+  // without a reader refuses a non-blocking open), or -1.
+  int InterruptFirstPass(const JaxtorProcess& process) {
+    int pipe = -1;
+    for (int tries = 0; pipe < 0 && tries < 2000 && process.Running(); ++tries) {
       for (const char* name : {"in/a.fifo", "in/b.fifo"}) {
-        const int fd = open((dir / name).c_str(), O_WRONLY | O_NONBLOCK);
-        if (fd >= 0) return fd;
+        if (pipe < 0) pipe = open((dir / name).c_str(), O_WRONLY | O_NONBLOCK);
       }
-      if (!process.Running()) return -1;
-      std::this_thread::sleep_for(std::chrono::milliseconds(5));
+      if (pipe < 0) std::this_thread::sleep_for(std::chrono::milliseconds(5));
     }
-    return -1;
-  }
-
-  // Waits until jaxtor has taken the first Ctrl-C (it prints a notice).
-  void WaitForStopNotice(const JaxtorProcess& process) {
+    if (pipe < 0) return -1;
+    process.Signal(SIGINT);
     for (int tries = 0; tries < 2000 && process.Running(); ++tries) {
-      if (ReadFile(dir / "stderr.txt").find("stopping the build") != std::string::npos) return;
+      if (ReadFile(dir / "stderr.txt").find("stopping the build") != std::string::npos) break;
       std::this_thread::sleep_for(std::chrono::milliseconds(5));
     }
-  }
-
-  size_t CopiedFiles() const {
-    size_t count = 0;
-    for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator(dir / "out")) ++count;
-    return count;
+    return pipe;
   }
 
   TempDir dir;
@@ -63,10 +56,8 @@ class StopTest : public ::testing::Test {
 
 TEST_F(StopTest, CtrlCStopsTheLoopBetweenPassesAndFailsTheBuild) {
   JaxtorProcess process({"run", project, "--log", dir / "build.log"}, dir);
-  const int pipe = OpenPipeBeingCopied(process);
+  const int pipe = InterruptFirstPass(process);
   ASSERT_GE(pipe, 0) << ReadFile(dir / "stdout.txt");
-  process.Signal(SIGINT);
-  WaitForStopNotice(process);
   close(pipe);  // the first pass's copy ends; no second pass may start
   const JaxtorResult result = process.Wait();
   EXPECT_EQ(1, result.ExitCode) << result.Err;
@@ -74,15 +65,14 @@ TEST_F(StopTest, CtrlCStopsTheLoopBetweenPassesAndFailsTheBuild) {
   const std::string log = ReadFile(dir / "build.log");
   EXPECT_EQ("Build stopped by user\n", log.substr(log.size() - 22)) << log;
   EXPECT_EQ("Build failed\n", result.Out.substr(result.Out.size() - 13));
-  EXPECT_EQ(1u, CopiedFiles());
+  const auto copies = std::filesystem::directory_iterator(dir / "out");
+  EXPECT_EQ(1, std::distance(begin(copies), end(copies)));
 }
 
 TEST_F(StopTest, SecondCtrlCQuitsAtOnceWithStatus130) {
   JaxtorProcess process({"run", project}, dir);
-  const int pipe = OpenPipeBeingCopied(process);
+  const int pipe = InterruptFirstPass(process);
   ASSERT_GE(pipe, 0) << ReadFile(dir / "stdout.txt");
-  process.Signal(SIGINT);
-  WaitForStopNotice(process);
   process.Signal(SIGINT);  // the copy is still blocked on the pipe
   const JaxtorResult result = process.Wait();
   close(pipe);

@@ -1,23 +1,9 @@
 #include "support/recordinghost.h"
 
 #include "framework/jxlogmessage.h"
-#include "rtl/strutils.h"
 #include "rtl/sysutils.h"
 
 namespace jx::test {
-
-namespace {
-
-// The encryption stand-in's helpers: the key byte at a place, a hex digit's value.
-char KeyByte(const std::string& key, size_t index) { return key.empty() ? 0 : key[index % key.size()]; }
-
-int HexDigit(char c) {
-  if (c >= '0' && c <= '9') return c - '0';
-  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-  return -1;
-}
-
-}  // namespace
 
 // %NAME% from Variables, %% gives %; a lone % is literal. Enough for tests.
 std::string RecordingHost::ExpandExpression(const std::string& text, int& count, bool) {
@@ -101,25 +87,17 @@ bool RecordingHost::ExecuteScript(TCustomJXAction&, const std::string& name, Var
   return ScriptResult;
 }
 
-// A reversible stand-in for the host's encryption: each byte mixed with the
-// key's byte at its place, written as two hex digits. Decrypting rejects any
-// text that is not such hex pairs.
+// A reversible stand-in for the host's encryption: the key in brackets, then
+// the text. Decrypting refuses a text that does not start with that key.
 bool RecordingHost::EncryptString(const std::string& plain, const std::string& key, std::string& encrypted) {
-  encrypted.clear();
-  for (size_t i = 0; i < plain.size(); ++i) {
-    encrypted += IntToHex(static_cast<unsigned char>(plain[i] ^ KeyByte(key, i)), 2);
-  }
+  encrypted = "[" + key + "]" + plain;
   return true;
 }
 
 bool RecordingHost::DecryptString(const std::string& encrypted, const std::string& key, std::string& plain) {
-  plain.clear();
-  if (encrypted.size() % 2 != 0) return false;
-  for (size_t i = 0; i < encrypted.size(); i += 2) {
-    const int high = HexDigit(encrypted[i]), low = HexDigit(encrypted[i + 1]);
-    if (high < 0 || low < 0) return false;
-    plain += static_cast<char>((high * 16 + low) ^ KeyByte(key, i / 2));
-  }
+  const std::string prefix = "[" + key + "]";
+  if (encrypted.rfind(prefix, 0) != 0) return false;
+  plain = encrypted.substr(prefix.size());
   return true;
 }
 
