@@ -68,7 +68,10 @@ Variant ActionHost::GetVariableValue(const std::string& name) {
   return value ? *value : Variant();
 }
 
-void ActionHost::SendMessage(TCustomJXAction&, const std::string& text) { log_.Line(text); }
+void ActionHost::SendMessage(TCustomJXAction&, const std::string& text) {
+  log_.Line(text);
+  log_.Flush();
+}
 
 IJXActionLogMessagePtr ActionHost::CreateStatusMessage() { return std::make_shared<TJXLogMessage>(); }
 
@@ -76,6 +79,7 @@ void ActionHost::SendStatusMessage(TCustomJXAction&, const IJXActionLogMessagePt
   const std::string headline = message->GetMessageText();
   if (!headline.empty()) log_.Line(headline);
   for (const std::string& line : message->GetLines().Lines()) log_.Line(line);
+  log_.Flush();
 }
 
 bool ActionHost::StopSignalled() { return stop_.load(std::memory_order_relaxed); }

@@ -61,7 +61,13 @@ void BuildLog::CloseFile() {
   if (failed || !closed) throw Exception(fmt::format("Cannot write the log file \"{}\"", file_name_));
 }
 
-void BuildLog::BeginAction(std::string_view description) { Write("== ", description); }
+// Written through at each action's start and end and after each block an
+// action logs, so that output redirected to a file (a CI job) or the log file
+// shows what runs while it runs, and a killed build leaves what it logged.
+void BuildLog::BeginAction(std::string_view description) {
+  Write("== ", description);
+  Flush();
+}
 
 void BuildLog::Line(std::string_view text) { Write("", text); }
 
@@ -72,7 +78,7 @@ void BuildLog::EndAction(ActionOutcome outcome, double seconds) {
   } else {
     fmt::print(console_, "-- {}{}\n", OutcomeText(outcome), time);
   }
-  if (outcome == ActionOutcome::Failed) Flush();
+  Flush();
 }
 
 void BuildLog::EndBuild(bool succeeded) {

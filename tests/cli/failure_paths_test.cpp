@@ -30,17 +30,23 @@ class StopTest : public ::testing::Test {
                            ActionXml("TFileIterator", {{"VariableName", "ITEM"}, {"FileSpec", dir / "in/*.fifo"}}, copy));
   }
 
-  // Waits for a pass to block on its pipe, sends Ctrl-C, and waits for the
-  // notice that jaxtor took it. Returns the writing end of that pipe (a pipe
-  // without a reader refuses a non-blocking open), or -1.
-  int InterruptFirstPass(const JaxtorProcess& process) {
-    int pipe = -1;
-    for (int tries = 0; pipe < 0 && tries < 2000 && process.Running(); ++tries) {
+  // The writing end of the pipe a pass is copying (a pipe without a reader
+  // refuses a non-blocking open), or -1 when none is opened in time.
+  int OpenPipeBeingCopied(const JaxtorProcess& process) {
+    for (int tries = 0; tries < 2000 && process.Running(); ++tries) {
       for (const char* name : {"in/a.fifo", "in/b.fifo"}) {
-        if (pipe < 0) pipe = open((dir / name).c_str(), O_WRONLY | O_NONBLOCK);
+        const int pipe = open((dir / name).c_str(), O_WRONLY | O_NONBLOCK);
+        if (pipe >= 0) return pipe;
       }
-      if (pipe < 0) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+      std::this_thread::sleep_for(std::chrono::milliseconds(5));
     }
+    return -1;
+  }
+
+  // Waits for a pass to block on its pipe, sends Ctrl-C, and waits for the
+  // notice that jaxtor took it. Returns the pipe's writing end, or -1.
+  int InterruptFirstPass(const JaxtorProcess& process) {
+    const int pipe = OpenPipeBeingCopied(process);
     if (pipe < 0) return -1;
     process.Signal(SIGINT);
     for (int tries = 0; tries < 2000 && process.Running(); ++tries) {
@@ -67,6 +73,25 @@ TEST_F(StopTest, CtrlCStopsTheLoopBetweenPassesAndFailsTheBuild) {
   EXPECT_EQ("Build failed\n", result.Out.substr(result.Out.size() - 13));
   const auto copies = std::filesystem::directory_iterator(dir / "out");
   EXPECT_EQ(1, std::distance(begin(copies), end(copies)));
+}
+
+// Output redirected to a file (a CI job) is written through as each action
+// starts and as each block is logged, not when the build ends.
+TEST_F(StopTest, RedirectedOutputAndTheLogFileShowWhatRunsWhileItRuns) {
+  JaxtorProcess process({"run", project, "--log", dir / "build.log"}, dir);
+  const int pipe = OpenPipeBeingCopied(process);
+  ASSERT_GE(pipe, 0);
+  for (const std::string& file : {dir / "stdout.txt", dir / "build.log"}) {
+    const std::string text = ReadFile(file);
+    EXPECT_NE(std::string::npos, text.find("Found 2 Files.\n")) << file << ":\n" << text;
+    EXPECT_NE(std::string::npos, text.find("== Copy File(s) (%ITEM%)\n")) << file << ":\n" << text;
+  }
+  close(pipe);
+  while (process.Running()) {  // let the other pass copy its pipe too
+    const int next = OpenPipeBeingCopied(process);
+    if (next >= 0) close(next);
+  }
+  EXPECT_EQ(0, process.Wait().ExitCode);
 }
 
 TEST_F(StopTest, SecondCtrlCQuitsAtOnceWithStatus130) {
