@@ -11,7 +11,7 @@ namespace jx {
 
 namespace {
 
-// Logs the two failure lines for `name` (a file, or the spec whose search
+// Logs the two failure lines for `name` (a file, or the file pattern whose search
 // failed) and returns false.
 bool LogFailure(TStrings& log, const std::string& name, uint32_t error) {
   log.Add(" --> Error Deleting File : " + name);

@@ -99,7 +99,7 @@ TEST_F(DeleteDirectoryTest, ReadOnlyEntriesGoOnlyWithDeleteReadOnly) {
 
 using DeleteFilesTest = test::FileActionTest<TDeleteFilesAction>;
 
-// Hidden files match; directories and other names do not. The spec goes
+// Hidden files match; directories and other names do not. The FileSpec goes
 // through description key 1, although the action has one key only.
 TEST_F(DeleteFilesTest, DeletesMatchingFilesOnlyAndLogsOneBlock) {
   for (const char* name : {"a.o", "b.o", ".h.o", "c.txt", "sub.o/inner.o"}) dir.WriteFile(name);

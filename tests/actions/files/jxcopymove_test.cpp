@@ -28,7 +28,7 @@ TEST_F(CopyFilesTest, ExpansionFailuresEmptyTextsAndNoMatch) {
             Run({{"FileSpec", "%SRC%/*"}, {"Target", "%MISSING%"}}));
   EXPECT_EQ(Outcome(false, {}), Run({{"FileSpec", "  "}, {"Target", "o"}}));
   EXPECT_EQ(Outcome(false, {}), Run({{"FileSpec", "%SRC%/*"}, {"Target", " "}}));
-  EXPECT_EQ(0, host.KeyUpdates.at(0).Index);  // the spec is description key 0
+  EXPECT_EQ(0, host.KeyUpdates.at(0).Index);  // FileSpec is description key 0
   EXPECT_TRUE(Run({{"FileSpec", dir / "*.none"}, {"Target", dir / "out"}}).first);
   EXPECT_FALSE(Run({{"FailIfZeroFiles", "True"}}).first);
 }
